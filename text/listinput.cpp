@@ -55,17 +55,15 @@ bool isLineEnd(char ch) { return ch == '\r' || ch == '\n'; }
 }  // namespace
 
 std::string decodeText(std::string_view bytes) {
+    // A byte order mark is dropped whatever the rest of the file is.
+    if (bytes.size() >= 3 && bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
     bool valid = true;
     for (std::size_t i = 0; i < bytes.size();) {
         const std::size_t len = utf8SequenceLength(bytes, i);
         if (len == 0) { valid = false; break; }
         i += len;
     }
-    std::size_t start = 0;
-    if (valid) {
-        if (bytes.size() >= 3 && bytes.substr(0, 3) == "\xEF\xBB\xBF") start = 3;   // byte order mark
-        return std::string(bytes.substr(start));
-    }
+    if (valid) return std::string(bytes);
     std::string out;
     out.reserve(bytes.size() * 2);
     for (const char ch : bytes) {
@@ -128,10 +126,13 @@ bool ListInput::readString(std::string& out) {
 bool ListInput::readNumber(double& out) {
     skipBlanks();
     if (pos_ >= text_.size()) return false;
-    if (text_[pos_] == '"') {
+    if (text_[pos_] == '"') {   // a quoted number, "12" or " 12 "
         std::string field;
         readString(field);
-        out = numberValue(field);
+        std::string_view v(field);
+        while (!v.empty() && isBlank(v.front())) v.remove_prefix(1);
+        while (!v.empty() && isBlank(v.back())) v.remove_suffix(1);
+        out = numberValue(v);
         return true;
     }
     std::size_t end = pos_;
@@ -151,7 +152,7 @@ bool ListInput::readInt16(std::int16_t& out) {
     return true;
 }
 
-double numberValue(std::string_view f) {
+bool parseNumber(std::string_view f, double& out) {
     std::size_t i = 0;
     if (i < f.size() && (f[i] == '+' || f[i] == '-')) ++i;
     std::size_t digits = 0;
@@ -160,14 +161,24 @@ double numberValue(std::string_view f) {
         ++i;
         while (i < f.size() && f[i] >= '0' && f[i] <= '9') { ++i; ++digits; }
     }
-    if (digits == 0 || i != f.size() || f.size() > 64) return 0.0;
-    return std::strtod(std::string(f).c_str(), nullptr);
+    if (digits == 0 || i != f.size()) return false;
+    // However long the digits run, the value is kept: a number too large for
+    // its variable must fail there, not pass as 0.
+    out = std::strtod(std::string(f).c_str(), nullptr);
+    return true;
+}
+
+double numberValue(std::string_view f) {
+    double v = 0.0;
+    return parseNumber(f, v) ? v : 0.0;
 }
 
 double roundHalfEven(double v) { return std::nearbyint(v); }   // default rounding mode: to even
 
 std::string printForm(long value) {
-    return (value < 0 ? "-" : " ") + std::to_string(value < 0 ? -value : value) + " ";
+    // The magnitude is taken unsigned, so that the most negative value has one.
+    const unsigned long magnitude = value < 0 ? 0UL - static_cast<unsigned long>(value) : static_cast<unsigned long>(value);
+    return (value < 0 ? "-" : " ") + std::to_string(magnitude) + " ";
 }
 
 }  // namespace fendle

@@ -1,12 +1,14 @@
 // The one reader of the program's text files. Every file is read field by
 // field with the same rules:
-//  - blanks in front of a field are skipped;
+//  - blanks in front of a field are skipped; a line end there is not: it
+//    ends an empty field, so that an empty line reads as "" or 0;
 //  - a field that begins with a double quote runs to the next double quote
 //    (commas and line ends included); the separator behind it is consumed;
 //  - any other field runs to the next comma or line end, which is consumed;
 //  - two commas in a row, or an empty line, give an empty field;
-//  - a number ends at a comma, a blank or a line end, and a field that is not
-//    a number reads as 0.
+//  - a number ends at a comma, a blank or a line end; blanks behind it and
+//    then one comma or line end are consumed with it, so that " 123 " and a
+//    line end read as one field; a field that is not a number reads as 0.
 // Reading past the end of the data is a failure, reported by a false result;
 // nothing is ever read outside the buffer.
 #pragma once
@@ -45,9 +47,11 @@ private:
     std::size_t pos_ = 0;
 };
 
-// Whole number parsing shared by the readers: the value of a field that is
-// entirely a decimal number (optional sign, digits, optional fraction),
-// else 0.
+// Number parsing shared by the readers. A field is a number when it is
+// entirely a decimal number: optional sign, digits, optional fraction.
+// parseNumber gives false for anything else; numberValue gives its value, or
+// 0 when it is not a number.
+bool parseNumber(std::string_view field, double& out);
 double numberValue(std::string_view field);
 
 // Rounds to the nearest whole number, an exact half going to the even one.
