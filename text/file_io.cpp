@@ -1,0 +1,89 @@
+#include "text/file_io.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fendle {
+
+std::string hostPath(std::string_view gameName, std::string_view folder) {
+    std::string path;
+    if (!folder.empty()) {
+        path = folder;
+        if (path.back() != '/') path += '/';
+    }
+    for (const char ch : gameName) path += ch == '\\' ? '/' : ch;
+    return path;
+}
+
+std::optional<std::string> readFileBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return std::nullopt;
+    std::ostringstream content;
+    content << in.rdbuf();
+    if (in.bad()) return std::nullopt;
+    return std::move(content).str();
+}
+
+namespace {
+
+bool fail(std::string* error, const std::string& what) {
+    if (error) *error = what + ": " + std::strerror(errno);
+    return false;
+}
+
+}  // namespace
+
+bool writeFileAtomic(const std::string& path, std::string_view bytes, std::string* error) {
+    // A name beside the target that no other writer uses. O_EXCL refuses a
+    // leftover of the same name; the mode lets the umask decide, as for any
+    // new file.
+    static unsigned serial = 0;
+    std::string temp;
+    int fd = -1;
+    for (int attempt = 0; attempt < 100 && fd < 0; ++attempt) {
+        temp = path + ".tmp" + std::to_string(::getpid()) + "-" + std::to_string(++serial);
+        fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd < 0 && errno != EEXIST) return fail(error, "cannot create " + temp);
+    }
+    if (fd < 0) return fail(error, "cannot create a temporary file beside " + path);
+
+    const char* data = bytes.data();
+    std::size_t left = bytes.size();
+    while (left > 0) {
+        const ssize_t n = ::write(fd, data, left);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) {
+            const bool ok = fail(error, "cannot write " + temp);
+            ::close(fd);
+            ::unlink(temp.c_str());
+            return ok;
+        }
+        data += n;
+        left -= static_cast<std::size_t>(n);
+    }
+    if (::fsync(fd) != 0) {
+        fail(error, "cannot flush " + temp);
+        ::close(fd);
+        ::unlink(temp.c_str());
+        return false;
+    }
+    if (::close(fd) != 0) {
+        fail(error, "cannot close " + temp);
+        ::unlink(temp.c_str());
+        return false;
+    }
+    if (std::rename(temp.c_str(), path.c_str()) != 0) {
+        fail(error, "cannot replace " + path);
+        ::unlink(temp.c_str());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace fendle

@@ -1,0 +1,24 @@
+// Reading and writing the program's own small files. The code names a file
+// as the game writes it, with backslashes ("text\\text.csv"); hostPath turns
+// that into a path of this system.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fendle {
+
+// "text\\text.csv" -> "text/text.csv". A non-empty folder is put in front.
+std::string hostPath(std::string_view gameName, std::string_view folder = {});
+
+// The whole content of a file, or nothing when it cannot be read.
+std::optional<std::string> readFileBytes(const std::string& path);
+
+// Writes the file whole or not at all: the bytes go to a new file in the same
+// folder, are flushed to the disk, and that file is then renamed over the
+// old one. On any failure the old file is left as it was, the new one is
+// removed, and the result is false (with the reason in `error`).
+bool writeFileAtomic(const std::string& path, std::string_view bytes, std::string* error = nullptr);
+
+}  // namespace fendle
