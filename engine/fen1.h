@@ -85,7 +85,7 @@ public:
 
     // Texts the board takes from the text table (rows 26 and 37).
     std::string playword = "to Play";
-    std::string pathbonustext = "Path bonus 500 to";
+    std::string pathbonustext = "+500";
 
     // Form variables.
     i16 turn = -1;                     // index of the latest move

@@ -32,7 +32,8 @@ private:
 // Plays back a list of draws, then falls back on a seeded generator.
 class ScriptedRandom : public Random {
 public:
-    explicit ScriptedRandom(std::vector<double> draws = {}) : draws_(std::move(draws)) {}
+    explicit ScriptedRandom(std::vector<double> draws = {}, std::uint64_t seed = 7)
+        : draws_(std::move(draws)), fallback_(seed) {}
     void script(std::vector<double> draws) {
         draws_ = std::move(draws);
         pos_ = 0;
@@ -45,7 +46,7 @@ public:
 private:
     std::vector<double> draws_;
     std::size_t pos_ = 0;
-    SeededRandom fallback_{7};
+    SeededRandom fallback_;
 };
 
 }  // namespace fendle

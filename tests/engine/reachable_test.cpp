@@ -1,0 +1,159 @@
+// The numbers a throw can make.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <set>
+
+#include "engine/reachable.h"
+
+namespace fendle {
+namespace {
+
+std::set<int> marks(std::array<int, 4> dice) {
+    Reachable r;
+    for (int i = 0; i < 4; ++i) r.dice[static_cast<std::size_t>(i)] = static_cast<i16>(dice[static_cast<std::size_t>(i)]);
+    r.allowednumbers();
+    r.allowednumbers2();
+    std::set<int> out;
+    for (int n = 1; n <= 100; ++n)
+        if (r.marked(n)) out.insert(n);
+    return out;
+}
+
+std::set<int> range(int lo, int hi, std::initializer_list<int> more = {}) {
+    std::set<int> s(more);
+    for (int n = lo; n <= hi; ++n) s.insert(n);
+    return s;
+}
+
+// Every set of four dice, in rising order.
+std::vector<std::array<int, 4>> allThrows() {
+    std::vector<std::array<int, 4>> out;
+    for (int a = 1; a <= 6; ++a)
+        for (int b = a; b <= 6; ++b)
+            for (int c = b; c <= 6; ++c)
+                for (int d = c; d <= 6; ++d) out.push_back({a, b, c, d});
+    return out;
+}
+
+TEST(Reachable, ThrowsMarkExactlyTheirNumbers) {
+    struct Case {
+        std::array<int, 4> dice;
+        std::set<int> expected;
+    };
+    const Case cases[] = {
+        {{1, 1, 2, 3}, range(1, 10, {12})},
+        {{6, 4, 3, 1}, range(1, 33, {35, 36, 37, 40, 41, 42, 43, 45, 48, 49, 54, 60, 66, 68, 69, 71, 72, 73, 75,
+                                     76, 78, 84, 90, 96})},
+        {{1, 1, 1, 1}, {1, 2, 3, 4}},
+        {{6, 6, 6, 6}, range(1, 8, {11, 12, 13, 24, 30, 35, 36, 37, 42, 48, 66, 72, 78})},
+        {{2, 2, 2, 2}, range(1, 6, {8, 10, 12, 16})},
+        // 38 and 62 come from 37.5 and 62.5, rounded to the even neighbour.
+        {{2, 5, 5, 5}, range(1, 13, {15, 17, 18, 20, 22, 23, 25, 27, 28, 30, 32, 35, 38, 40, 45, 48, 52, 55, 60, 62,
+                                     70, 75, 100})},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(marks(c.dice), c.expected) << c.dice[0] << c.dice[1] << c.dice[2] << c.dice[3];
+    }
+}
+
+TEST(Reachable, DieDividedByARunningValue) {
+    EXPECT_TRUE(marks({1, 1, 6, 6}).count(9));   // 6 + 6 / (1 + 1)
+    EXPECT_TRUE(marks({3, 6, 6, 6}).count(7));   // 6 + 6 / (3 + 6) = 6.67
+    EXPECT_TRUE(marks({1, 3, 2, 6}).count(8));   // (1 - 3) x (2 - 6)
+}
+
+TEST(Reachable, ExtremesAndRarities) {
+    std::size_t largest = 0, smallest = 101;
+    std::array<int, 4> largestThrow{}, smallestThrow{};
+    std::map<int, std::vector<std::array<int, 4>>> makers;
+    for (const auto& t : allThrows()) {
+        const auto m = marks(t);
+        if (m.size() > largest) { largest = m.size(); largestThrow = t; }
+        if (m.size() < smallest) { smallest = m.size(); smallestThrow = t; }
+        for (int n : m) makers[n].push_back(t);
+    }
+    EXPECT_EQ(largest, 69u);
+    EXPECT_EQ(largestThrow, (std::array<int, 4>{3, 4, 5, 6}));
+    EXPECT_EQ(smallest, 4u);
+    EXPECT_EQ(smallestThrow, (std::array<int, 4>{1, 1, 1, 1}));
+    EXPECT_EQ(makers.size(), 100u) << "every number on the board can be made by some throw";
+    EXPECT_EQ(makers[83], (std::vector<std::array<int, 4>>{{3, 4, 4, 5}}));
+    EXPECT_EQ(makers[89], (std::vector<std::array<int, 4>>{{1, 3, 5, 6}}));
+}
+
+TEST(Reachable, OrderOfTheDiceDoesNotMatter) {
+    for (const auto& t : allThrows()) {
+        const auto expected = marks(t);
+        auto p = t;
+        while (std::next_permutation(p.begin(), p.end())) ASSERT_EQ(marks(p), expected) << p[0] << p[1] << p[2] << p[3];
+    }
+}
+
+// An independent search: every expression tree over every order of the dice,
+// evaluated recursively, marked by the same rounding rule.
+std::set<int> oracle(std::array<int, 4> dice) {
+    std::set<int> out;
+    auto markValue = [&](double v) {
+        if (v <= 0 || v >= 101) return;
+        if (v - std::floor(v) < 1e-7) v = std::floor(v);
+        if (v - std::floor(v) > 0.9999999) v = std::floor(v + 1);
+        out.insert(static_cast<int>(std::nearbyint(v)));
+    };
+    std::function<void(std::vector<double>)> combine = [&](std::vector<double> vals) {
+        if (vals.size() == 1) { markValue(vals[0]); return; }
+        for (std::size_t i = 0; i < vals.size(); ++i) {
+            for (std::size_t j = 0; j < vals.size(); ++j) {
+                if (i == j) continue;
+                std::vector<double> rest;
+                for (std::size_t k = 0; k < vals.size(); ++k)
+                    if (k != i && k != j) rest.push_back(vals[k]);
+                const double x = vals[i], y = vals[j];
+                std::vector<double> results = {x * y, x + y, x - y};
+                if (y != 0) results.push_back(x / y);
+                for (double r : results) {
+                    rest.push_back(r);
+                    combine(rest);
+                    rest.pop_back();
+                }
+            }
+        }
+    };
+    combine({double(dice[0]), double(dice[1]), double(dice[2]), double(dice[3])});
+    out.erase(0);
+    return out;
+}
+
+TEST(Reachable, TheTwoFormsCoverEveryExpression) {
+    for (const auto& t : allThrows()) ASSERT_EQ(marks(t), oracle(t)) << t[0] << t[1] << t[2] << t[3];
+}
+
+TEST(Reachable, OneStepWritesSixSlotsAndSkipsDivisionByZero) {
+    struct Case {
+        double x, y;
+        std::array<double, 6> slots;
+    };
+    const Case cases[] = {
+        {1, 1, {1, 2, 0, 0, 1, 1}},
+        {4, 3, {12, 7, 1, -1, 4.0 / 3.0, 0.75}},
+        {3, 0, {0, 3, 3, -3, 1000, 0}},     // x / 0 keeps the empty value
+        {0, 5, {0, 5, -5, 5, 0, 1000}},     // 5 / 0 likewise
+    };
+    for (const Case& c : cases) {
+        Reachable r;
+        r.tworesults.fill(1000.0);
+        r.tworesultcount = 6;   // the step writes behind whatever is there
+        r.firstoperand = c.x;
+        r.secondoperand = c.y;
+        r.allowedalg();
+        EXPECT_EQ(r.tworesultcount, 12);
+        for (std::size_t k = 0; k < 6; ++k) EXPECT_DOUBLE_EQ(r.tworesults[6 + k], c.slots[k]) << c.x << "," << c.y << " slot " << k;
+        EXPECT_EQ(r.tworesults[0], 1000.0);
+    }
+}
+
+}  // namespace
+}  // namespace fendle

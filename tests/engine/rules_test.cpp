@@ -1,0 +1,614 @@
+// The rules of a turn, the bonus, the path, the clock and the computer, each
+// checked on a board run by the virtual clock.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "board/geometry.h"
+#include "harness.h"
+
+namespace fendle {
+namespace {
+
+using testing::Board;
+std::size_t at(int i) { return static_cast<std::size_t>(i); }
+
+// ------------------------------------------------------------------ bonus
+
+TEST(Bonus, TrianglesAtAHexagon) {
+    struct Case {
+        std::vector<int> covered;
+        int n;
+        int bonus;
+    };
+    const Case cases[] = {
+        {{}, 33, 0},
+        {{25, 32}, 33, 100},             // the rule pages' example
+        {{12, 18}, 17, 200},             // the prime example
+        {{12, 18}, 24, 0},               // 24 touches 18 but not 12
+        {{2, 3}, 1, 100},                // 1 is not a prime
+        {{98, 99}, 100, 100},
+        {{1, 3}, 2, 200},
+        {{32, 34}, 33, 0},               // on opposite sides of 33: they don't touch each other
+        {{25}, 33, 0},                   // one neighbour is not enough
+        {{24, 25, 32, 34, 41, 42}, 33, 100},   // surrounded: still one bonus
+    };
+    for (const Case& c : cases) {
+        Board b;
+        for (int n : c.covered) b.cover({n});
+        EXPECT_EQ(b.f().checkfendle(static_cast<i16>(c.n)), c.bonus) << "hexagon " << c.n;
+    }
+}
+
+TEST(Bonus, PositionTestSeesExactlyTheBoardsNeighbours) {
+    for (int n = 1; n <= 100; ++n) {
+        const auto around = geometry::neighbours(n);
+        for (int i : around) {
+            for (int j : around) {
+                if (j <= i) continue;
+                const auto ofI = geometry::neighbours(i);
+                const bool touching = std::find(ofI.begin(), ofI.end(), j) != ofI.end();
+                Board b;
+                b.cover({i, j});
+                const int expected = touching ? (geometry::isListedPrime(n) ? 200 : 100) : 0;
+                ASSERT_EQ(b.f().checkfendle(static_cast<i16>(n)), expected) << n << " with " << i << ", " << j;
+            }
+            // A counter two steps away that touches i does not make a triangle with n.
+            for (int j : geometry::neighbours(i)) {
+                if (j == n || std::find(around.begin(), around.end(), j) != around.end()) continue;
+                Board b;
+                b.cover({i, j});
+                ASSERT_EQ(b.f().checkfendle(static_cast<i16>(n)), 0) << n << " with " << i << ", " << j;
+            }
+        }
+    }
+}
+
+// ------------------------------------------------------------------ path
+
+const std::vector<int> edgePath = {1, 3, 6, 10, 15, 21, 28, 36, 45, 55, 64, 72, 79, 85, 90, 94, 97, 99, 100};
+
+TEST(Path, TheEdgePathEndsTheGameInAnyOrder) {
+    std::mt19937 rng(11);
+    for (int trial = 0; trial < 50; ++trial) {
+        auto order = edgePath;
+        std::shuffle(order.begin(), order.end(), rng);
+        Board b;
+        b.f().turn = 0;
+        for (std::size_t k = 0; k + 1 < order.size(); ++k) b.cover({order[k]});
+        b.f().checkendofgame();
+        ASSERT_EQ(b.f().winner, 0) << "18 counters never end a game";
+        b.cover({order.back()});
+        b.f().checkendofgame();
+        ASSERT_GT(b.f().winner, 0) << "trial " << trial;
+    }
+}
+
+TEST(Path, NoSearchWithoutTheEnds) {
+    struct Case {
+        std::vector<int> covered;
+        bool searched;
+    };
+    std::vector<int> without1(edgePath.begin() + 1, edgePath.end());
+    without1.push_back(50);
+    std::vector<int> without100(edgePath.begin(), edgePath.end() - 1);
+    without100.push_back(50);
+    std::vector<int> without2and3 = {1, 5, 9, 14, 20, 27, 35, 44, 54, 64, 72, 79, 85, 90, 94, 97, 99, 100, 50};
+    std::vector<int> short17(edgePath.begin(), edgePath.begin() + 16);
+    short17.push_back(100);
+    const Case cases[] = {
+        {without1, false}, {without100, false}, {without2and3, false}, {short17, false}, {edgePath, true},
+    };
+    for (const Case& c : cases) {
+        Board b;
+        b.f().turn = 0;
+        for (int n : c.covered) b.cover({n});
+        b.f().checkendofgame();
+        EXPECT_EQ(b.f().readytocheck != 0, c.searched);
+        EXPECT_EQ(b.f().jumpcount > 0, c.searched);
+        EXPECT_EQ(b.f().winner > 0, c.searched);
+    }
+}
+
+TEST(Path, WindingPathWithDeadEnds) {
+    // Up the left edge, across the top, with side branches that lead nowhere.
+    Board b;
+    b.f().turn = 0;
+    b.cover({1, 2, 4, 7, 11, 16, 22, 29, 37, 46, 56, 65, 73, 80, 86, 91, 95, 98, 100});
+    b.cover({5, 8, 12, 17, 23, 38, 47});   // dead ends beside the path
+    b.f().checkendofgame();
+    EXPECT_GT(b.f().winner, 0);
+    Board cut;
+    cut.f().turn = 0;
+    cut.cover({1, 2, 4, 7, 11, 16, 22, 29, 37, 46, 56, 65, 73, 86, 91, 95, 98, 100, 5, 8, 12, 17});   // 80 missing
+    cut.f().checkendofgame();
+    EXPECT_EQ(cut.f().winner, 0);
+}
+
+// Puts a counter on n for the player on turn as a real move with given dice.
+void move(Board& b, std::array<int, 4> dice, int n) {
+    b.throwDice(dice);
+    b.f().search.allowed[at(n)] = 1.0;   // whatever the dice, allow n
+    b.f().Label1_Click(static_cast<i16>(n));
+    b.clock.advance(2000);
+}
+
+TEST(Path, TheLastMoverGetsTheBonusAndItCanTurnTheResult) {
+    Board b(2);
+    b.module.soundon = 1;
+    // 18 counters of the path in mixed colours, laid without moves.
+    for (std::size_t k = 0; k + 1 < edgePath.size(); ++k) b.cover({edgePath[k]}, 1 + static_cast<int>(k % 2));
+    b.f().bluescore = 900;
+    b.m().Label6[1].caption = "900";
+    b.f().redscore = 600;
+    b.m().Label6[2].caption = "600";
+    b.f().turn = 0;   // red to move
+    b.f().Timer1_Timer();
+    ASSERT_EQ(b.m().Label2.caption, "Red to Play");
+    move(b, {1, 1, 1, 1}, 100);   // 100 is worth 500: red has 1100 and completes the path
+    EXPECT_EQ(b.f().winner, 2);
+    EXPECT_EQ(b.m().Label2.caption, "Game Over");
+    EXPECT_EQ(b.module.soundon, 0);
+    EXPECT_EQ(std::count(b.sound.played.begin(), b.sound.played.end(), "wav\\crowd.wav"), 1);
+    EXPECT_FALSE(b.running(Timer1));
+    b.clock.advance(2000);
+    EXPECT_EQ(b.m().Label2.caption, "+500 Red");
+    EXPECT_EQ(b.m().Label6[2].caption, "1600");
+    EXPECT_EQ(b.f().redscore, 1100) << "the bonus goes to the caption alone";
+    b.clock.advance(2000);
+    EXPECT_EQ(b.f().winner, 2);
+    EXPECT_EQ(b.m().Label2.caption, "Red wins");
+    EXPECT_EQ(b.screens.count("checkhighscore"), 1);
+    // The message line goes on flashing white and red; nothing else runs.
+    const Rgb before = b.m().Label2.fore;
+    b.clock.advance(250);
+    EXPECT_NE(b.m().Label2.fore, before);
+    for (int t : {Timer1, Timer5, Timer6, Timer7, Timer10, Timer11}) EXPECT_FALSE(b.running(t)) << t;
+    EXPECT_FALSE(b.m().Label3[button::throwDice].enabled);
+    b.f().Label1_Click(50);
+    EXPECT_TRUE(b.m().Label1[50].visible) << "numbers ignore clicks once the game is over";
+}
+
+TEST(Path, TiedHighestScoresAreADraw) {
+    struct Case {
+        std::array<int, 4> scores;
+        int winner;
+    };
+    const Case cases[] = {
+        {{500, 500, 0, 0}, 5},
+        {{500, 300, 300, 0}, 1},      // a tie below the highest changes nothing
+        {{100, 200, 300, 400}, 4},
+        {{0, 0, 0, 0}, 5},
+    };
+    for (const Case& c : cases) {
+        Board b(4);
+        for (int p = 0; p < 4; ++p) b.m().Label6[at(p + 1)].caption = c.scores[at(p)] ? std::to_string(c.scores[at(p)]) : "";
+        b.f().Timer11_Timer();
+        EXPECT_EQ(b.f().winner, c.winner);
+        if (c.winner == 5) {
+            EXPECT_EQ(b.m().Label2.caption, "It's a draw");
+            EXPECT_EQ(b.m().Label2.fore, colour::black);
+        }
+    }
+}
+
+// ------------------------------------------------------------------ the turn
+
+TEST(Turn, ClicksOutsideTheirPhaseAreIgnored) {
+    Board b(2);
+    b.f().Label1_Click(7);   // before any throw
+    EXPECT_EQ(b.f().turn, -1);
+    b.random.script(Board::drawsFor({1, 2, 3, 4}));
+    b.f().Label3_Click(button::throwDice);
+    EXPECT_FALSE(b.m().Label3[button::throwDice].enabled);
+    b.clock.advance(1800);   // two dice shown, two still rolling
+    b.f().Label1_Click(10);
+    EXPECT_EQ(b.f().turn, -1);
+    EXPECT_TRUE(b.m().Label1[10].visible);
+    b.clock.advance(500);
+    b.f().Label1_Click(10);   // 1 + 2 + 3 + 4
+    EXPECT_EQ(b.f().turn, 0);
+    EXPECT_FALSE(b.m().Label1[10].visible);
+    b.clock.advance(1000);
+    b.f().Label1_Click(9);   // during the wind-up
+    EXPECT_EQ(b.f().turn, 0);
+    EXPECT_TRUE(b.m().Label1[9].visible);
+    b.clock.advance(1000);
+    EXPECT_EQ(b.m().Label2.caption, "Red to Play");
+    b.f().Label1_Click(9);   // between turns: the dice are dim
+    EXPECT_EQ(b.f().turn, 0);
+}
+
+TEST(Turn, DiceComeToRestOneByOne) {
+    struct Case {
+        int soundon;
+        std::array<int, 4> rest;
+    };
+    for (const Case& c : {Case{1, {1500, 1750, 2000, 2250}}, Case{0, {300, 550, 800, 1050}}}) {
+        Board b(1, 0, 0, c.soundon);
+        b.random.script(Board::drawsFor({6, 5, 4, 3}));
+        b.f().Label3_Click(button::throwDice);
+        std::int64_t t0 = b.clock.now();
+        for (int d = 0; d < 4; ++d) {
+            b.clock.advance(c.rest[at(d)] - 1 - (b.clock.now() - t0));
+            EXPECT_EQ(b.module.dicerevealed, d) << "sound " << c.soundon;
+            b.clock.advance(1);
+            EXPECT_EQ(b.module.dicerevealed, d + 1);
+            EXPECT_EQ(b.m().Label4[at(d)].caption, std::to_string(6 - d));
+        }
+        b.clock.advance(100);
+        EXPECT_FALSE(b.running(Timer8));
+        EXPECT_FALSE(b.running(Timer5));
+        for (int d = 0; d < 4; ++d) EXPECT_EQ(b.m().Label4[at(d)].caption, std::to_string(6 - d)) << "spinning stopped";
+    }
+}
+
+TEST(Turn, ThrowIsRepeatedUntilAFreeNumberCanBeMade) {
+    Board b(1, 0, 0, 0);
+    for (int n = 1; n <= 100; ++n)
+        if (n != 83) b.cover({n});
+    for (int trial = 0; trial < 5; ++trial) {
+        b.f().Label3_Click(button::throwDice);
+        auto dice = b.module.dice;
+        std::sort(dice.begin(), dice.begin() + 4);
+        EXPECT_EQ((std::array<i16, 4>{dice[0], dice[1], dice[2], dice[3]}), (std::array<i16, 4>{3, 4, 4, 5}));
+        b.clock.advance(2000);
+    }
+}
+
+TEST(Turn, MovesScoreByZoneWithTheirSoundsAndPictures) {
+    struct Case {
+        int n;
+        int points;
+        const char* sound;
+        const char* picture;
+    };
+    const Case cases[] = {
+        {7, 10, "wav\\click1.wav", "counters\\cobl2.bmp"},   {16, 20, "wav\\click.wav", "counters\\cybl1.bmp"},
+        {40, 50, "wav\\space.wav", "counters\\yebl1.bmp"},   {53, 100, "wav\\key.wav", "counters\\blbl2.bmp"},
+        {70, 200, "wav\\boom.wav", "counters\\grbl1.bmp"},   {89, 300, "wav\\subping.wav", "counters\\mabl2.bmp"},
+        {96, 500, "wav\\laser3.wav", "counters\\rebl1.bmp"},
+    };
+    for (const Case& c : cases) {
+        Board b(1);
+        b.throwDice({1, 1, 1, 1});
+        b.f().search.allowed[at(c.n)] = 1.0;
+        b.sound.played.clear();
+        b.f().Label1_Click(static_cast<i16>(c.n));
+        EXPECT_EQ(b.f().bluescore, c.points);
+        EXPECT_EQ(b.m().Label6[1].caption, std::to_string(c.points));
+        EXPECT_EQ(b.m().Label2.caption, std::to_string(c.points) + " points");
+        EXPECT_EQ(b.sound.played, std::vector<std::string>{c.sound});
+        EXPECT_EQ(b.m().Image1[at(c.n)].picture, c.picture);
+        EXPECT_TRUE(b.m().Image1[at(c.n)].visible);
+        EXPECT_EQ(b.module.boardowner[at(c.n)], 1);
+        EXPECT_EQ(b.m().Image3.left, b.m().Image1[at(c.n)].left);
+    }
+}
+
+TEST(Turn, BonusMovesFlashAndPay) {
+    Board b(2);
+    b.cover({12, 18}, 2);
+    b.throwDice({1, 1, 1, 1});
+    b.f().search.allowed[17] = 1.0;
+    b.sound.played.clear();
+    b.f().Label1_Click(17);   // red's counters, blue's bonus: owners don't matter
+    EXPECT_EQ(b.f().bluescore, 220);
+    EXPECT_EQ(b.sound.played, std::vector<std::string>{"wav\\cheer2.wav"});
+    EXPECT_EQ(b.m().Image1[17].picture, "counters\\cybl2.bmp");
+    EXPECT_EQ(b.m().Image3.picture, "counters\\cywh2.bmp");
+    std::vector<std::string> banner;
+    for (int tick = 0; tick < 10; ++tick) {
+        b.clock.advance(250);
+        banner.push_back(b.m().Label9.caption);
+    }
+    EXPECT_EQ(banner.front(), "DOUBLE");
+    EXPECT_EQ(banner.back(), "FENDLE!");
+    EXPECT_FALSE(b.running(Timer4));
+    EXPECT_FALSE(b.m().Image3.visible) << "the white flash ends hidden";
+    EXPECT_EQ(b.module.fendleflash, 0);
+}
+
+TEST(Turn, IllegalMovesLoseTheTurn) {
+    Board b(3, 0, 60);
+    b.throwDice({1, 1, 1, 1});   // makes 1 to 4
+    b.f().Label1_Click(50);
+    EXPECT_EQ(b.f().turn, 0);
+    EXPECT_TRUE(b.m().Label10.visible);
+    for (const auto& clock : b.m().Label12) EXPECT_FALSE(clock.visible);
+    EXPECT_TRUE(b.m().Label1[50].visible);
+    EXPECT_EQ(b.f().bluescore, 0);
+    EXPECT_EQ(b.sound.played.back(), "wav\\boink.wav");
+    b.clock.advance(2000);
+    EXPECT_FALSE(b.m().Label10.visible);
+    EXPECT_TRUE(b.m().Label12[2].visible);
+    EXPECT_EQ(b.m().Label2.caption, "Red to Play");
+    b.throwDice({1, 1, 1, 1});
+    b.f().Label1_Click(60);   // red too
+    b.clock.advance(2000);
+    EXPECT_EQ(b.f().turn, 1);
+    EXPECT_EQ(b.m().Label2.caption, "Green to Play");
+    EXPECT_EQ(b.m().Label2.fore, colour::green);
+    EXPECT_EQ(b.m().Label3[button::throwDice].fore, colour::green);
+}
+
+TEST(Turn, DiceTakeTheColourOfThePlayerOnTurn) {
+    struct Case {
+        int turn;
+        Rgb face, digit;
+    };
+    const Case cases[] = {{-1, colour::blue, colour::white}, {0, colour::red, colour::white},
+                          {1, colour::green, colour::black}, {2, colour::yellow, colour::black}};
+    for (const Case& c : cases) {
+        Board b(4);
+        b.f().turn = static_cast<i16>(c.turn);
+        b.f().Timer1_Timer();
+        b.f().Label3_Click(button::throwDice);
+        for (const auto& die : b.m().Label4) {
+            EXPECT_EQ(die.back, c.face) << c.turn;
+            EXPECT_EQ(die.fore, c.digit) << c.turn;
+        }
+    }
+}
+
+TEST(Turn, OnePlayerIsAlwaysBlue) {
+    Board b(1);
+    for (int k = 0; k < 3; ++k) {
+        b.throwDice({1, 1, 1, 1});
+        b.f().Label1_Click(static_cast<i16>(k == 2 ? 4 : 2 * k + 1));   // 1, 3, 4: no triangle
+        b.clock.advance(2000);
+        EXPECT_EQ(b.f().turn, k);
+        EXPECT_EQ(b.m().Label2.caption, "Blue to Play");
+    }
+    EXPECT_EQ(b.f().bluescore, 30);
+}
+
+TEST(Turn, TheTurnLineFollowsTheLanguage) {
+    struct Case {
+        int language;
+        std::string line;
+    };
+    for (const Case& c : {Case{0, "Red to Play"}, Case{1, "to Play Red"}, Case{2, "Red to Play"},
+                          Case{3, "to Play Red"}, Case{4, "to Play Red"}, Case{5, "Red to Play"},
+                          Case{6, "Red to Play"}}) {
+        Board b(2);
+        b.module.languagenumber = static_cast<i16>(c.language);
+        EXPECT_EQ(b.f().turnLine(1), c.line) << c.language;
+    }
+}
+
+TEST(Turn, WelshShrinksTheLineForPointsAndRestoresItForTheInvitation) {
+    Board b(2);
+    b.module.languagenumber = 6;
+    b.throwDice({1, 1, 1, 1});
+    b.f().Label1_Click(4);
+    EXPECT_EQ(b.m().Label2.fontSize, 19);
+    EXPECT_EQ(b.m().Label2.top, 120);
+    b.clock.advance(2000);
+    EXPECT_EQ(b.m().Label2.fontSize, 28);
+    EXPECT_EQ(b.m().Label2.top, 0);
+}
+
+// ------------------------------------------------------------------ the clock
+
+TEST(Clock, OffMeansNoClock) {
+    Board b(2, 0, 0);
+    b.throwDice({1, 1, 1, 1});
+    EXPECT_FALSE(b.running(Timer7));
+    b.clock.advance(100000);
+    for (const auto& clock : b.m().Label12) EXPECT_FALSE(clock.visible);
+    EXPECT_TRUE(b.m().Label6[1].enabled);
+}
+
+TEST(Clock, ChargesOnlyWhileTheDiceWait) {
+    Board b(2, 0, 10);
+    EXPECT_EQ(b.m().Label12[0].caption, "10");
+    EXPECT_TRUE(b.m().Label12[1].visible);
+    EXPECT_FALSE(b.m().Label12[2].visible);
+    b.throwDice({1, 1, 1, 1});                 // rolling costs nothing
+    EXPECT_EQ(b.m().Label12[0].caption, "10");
+    b.clock.advance(3500);                     // three full seconds
+    EXPECT_EQ(b.m().Label12[0].caption, "7");
+    b.f().Label1_Click(1);                     // the half second is dropped
+    b.clock.advance(5000);
+    EXPECT_EQ(b.m().Label12[0].caption, "7");
+}
+
+TEST(Clock, ASecondLeftIsKeptByAQuickClick) {
+    Board b(1, 0, 5);
+    b.m().Label12[0].caption = "1";
+    b.throwDice({1, 1, 1, 1});
+    b.clock.advance(900);
+    b.f().Label1_Click(2);
+    EXPECT_EQ(b.m().Label12[0].caption, "1");
+    EXPECT_TRUE(b.m().Label6[1].enabled);
+}
+
+TEST(Clock, APlayerOutOfTimeDropsOut) {
+    Board b(3, 0, 5);
+    b.throwDice({1, 1, 1, 1});
+    b.clock.advance(4999);
+    EXPECT_TRUE(b.m().Label6[1].enabled);
+    b.clock.advance(1);
+    EXPECT_EQ(b.m().Label12[0].caption, "0");
+    EXPECT_FALSE(b.m().Label6[1].enabled);
+    EXPECT_EQ(b.sound.played.back(), "wav\\gong.wav");
+    EXPECT_EQ(b.f().turn, -1) << "no move is made";
+    b.clock.advance(2000);
+    EXPECT_EQ(b.m().Label2.caption, "Red to Play");
+    // Red and green play; blue is passed over every round.
+    for (int n : {1, 4, 11, 16}) move(b, {1, 1, 1, 1}, n);
+    EXPECT_EQ(b.f().bluescore, 0);
+    EXPECT_EQ(b.f().redscore, 10 + 10);
+    EXPECT_EQ(b.f().greenscore, 10 + 20);
+    EXPECT_EQ(b.m().Label2.caption, "Red to Play");
+    EXPECT_EQ(b.m().Label12[0].caption, "0");
+}
+
+TEST(Clock, EveryoneOutOfTimeEndsTheGameOnPoints) {
+    Board b(2, 0, 5);
+    b.m().Label6[2].caption = "70";
+    b.throwDice({1, 1, 1, 1});
+    b.clock.advance(5000 + 2000);   // blue drops out; red's turn
+    b.throwDice({1, 1, 1, 1});
+    b.clock.advance(5000);
+    b.clock.advance(2000);
+    EXPECT_EQ(b.f().winner, 5);
+    EXPECT_EQ(b.m().Label2.caption, "Game Over");
+    b.clock.advance(2000);
+    EXPECT_EQ(b.f().winner, 2);
+    EXPECT_EQ(b.m().Label2.caption, "Red wins");
+    EXPECT_EQ(b.m().Label6[2].caption, "70") << "no path bonus";
+    EXPECT_EQ(b.screens.count("checkhighscore"), 1);
+}
+
+TEST(Clock, ASoloGameThatRunsOutEndsWithoutAWinnerLine) {
+    Board b(1, 0, 5);
+    b.throwDice({1, 1, 1, 1});
+    b.clock.advance(5000 + 2000);
+    EXPECT_EQ(b.f().winner, 1);
+    EXPECT_EQ(b.m().Label2.caption, "Time is up");
+    EXPECT_EQ(b.screens.count("checkhighscore"), 1);
+    b.clock.advance(10000);
+    EXPECT_EQ(b.m().Label2.caption, "Time is up");
+    EXPECT_FALSE(b.running(Timer11));
+    EXPECT_TRUE(b.running(Timer3));
+}
+
+// ------------------------------------------------------------------ the computer
+
+// A board waiting for red's number with the given candidates.
+void offer(Board& b, std::initializer_list<int> candidates) {
+    b.f().turn = 0;
+    b.f().search.allowed.fill(0);
+    for (int n : candidates) b.f().search.allowed[at(n)] = 1.0;
+    for (auto& die : b.m().Label4) die.enabled = true;
+}
+
+TEST(Computer, LevelThreeTakesTheBestPayingNumber) {
+    struct Case {
+        std::vector<int> covered;
+        std::initializer_list<int> candidates;
+        int chosen;
+    };
+    const Case cases[] = {
+        {{}, {29, 30}, 29},              // equal value: the lower number
+        {{25, 32}, {46, 33}, 33},        // 50 + 100 beats 100
+        {{12, 18}, {17, 91}, 91},        // 20 + 200 loses to 500
+        {{2, 1}, {3, 80}, 80},           // 10 + 200 loses to 300
+        {{}, {64}, 64},
+    };
+    for (const Case& c : cases) {
+        Board b(2, 3);
+        for (int n : c.covered) b.cover({n});
+        offer(b, c.candidates);
+        b.f().Timer6_Timer();
+        EXPECT_FALSE(b.m().Label1[at(c.chosen)].visible) << "expected " << c.chosen;
+        EXPECT_FALSE(b.running(Timer6));
+    }
+}
+
+TEST(Computer, EveryLevelPlaysTheOnlyCandidate) {
+    for (int level = 1; level <= 3; ++level) {
+        for (int seed = 0; seed < 5; ++seed) {
+            Board b(2, level);
+            b.random.script({});
+            offer(b, {77, 20});
+            b.cover({20});   // 20 is allowed but taken
+            b.f().Timer6_Timer();
+            EXPECT_FALSE(b.m().Label1[77].visible) << "level " << level;
+            EXPECT_EQ(b.module.boardowner[77], 2);
+        }
+    }
+}
+
+TEST(Computer, AHumanClickInTheComputersSecondIsRedsMove) {
+    Board b(2, 1);
+    b.throwDice({1, 1, 1, 1});   // blue's turn
+    b.f().Label1_Click(1);
+    b.clock.advance(2000);        // red's turn: the computer throws at once
+    EXPECT_FALSE(b.m().Label3[button::throwDice].enabled);
+    b.clock.advance(2250);        // its dice are shown; Timer6 waits a second
+    ASSERT_TRUE(b.running(Timer6));
+    b.f().Label1_Click(2);        // the human clicks for red
+    EXPECT_EQ(b.module.boardowner[2], 2);
+    b.clock.advance(1000);        // Timer6 fires into the wind-up and is ignored
+    EXPECT_FALSE(b.running(Timer6));
+    EXPECT_EQ(b.f().movecount, 3);
+}
+
+TEST(Computer, LevelTwoMixesTheOtherTwo) {
+    // With a 46 worth 100 and a 2 worth 10, level 3 always takes 46 and level
+    // 1 usually doesn't; level 2 must do both over a run of moves.
+    int took46 = 0, tookOther = 0;
+    for (int seed = 0; seed < 40; ++seed) {
+        Board b(2, 2);
+        b.random.script({seed % 2 ? 0.7 : 0.2});   // the level draw: 1 or 3
+        offer(b, {2, 3, 4, 5, 6, 7, 8, 9, 46});
+        b.f().Timer6_Timer();
+        (b.module.boardowner[46] == 2 ? took46 : tookOther)++;
+    }
+    EXPECT_GE(took46, 20);
+    EXPECT_GT(tookOther, 0);
+}
+
+// ------------------------------------------------------------------ leaving
+
+TEST(Leaving, ExitSavesOnlyAGameWorthKeeping) {
+    struct Case {
+        int turn, winner;
+        bool saved;
+    };
+    for (const Case& c : {Case{-1, 0, false}, Case{0, 0, false}, Case{1, 0, true}, Case{5, 0, true}, Case{5, 2, false}}) {
+        Board b(2);
+        b.f().turn = static_cast<i16>(c.turn);
+        b.f().winner = static_cast<i16>(c.winner);
+        b.f().Label3_Click(button::exitGame);
+        EXPECT_EQ(b.screens.count("savegame"), c.saved ? 1 : 0) << c.turn << " " << c.winner;
+        EXPECT_EQ(b.screens.count("show Titlefrm"), 1);
+        EXPECT_EQ(b.screens.count("unload fen1"), 1);
+        EXPECT_EQ(b.sound.played.back(), "wav\\click.wav");
+    }
+}
+
+TEST(Leaving, NewGameClearsTheBoardAndSavesNothing) {
+    Board b(2, 0, 0, 0);
+    b.throwDice({1, 1, 1, 1});
+    b.f().Label1_Click(3);
+    b.clock.advance(2000);
+    b.throwDice({1, 1, 1, 1});
+    b.f().Label1_Click(4);
+    b.f().Label3_Click(button::newGame);
+    EXPECT_EQ(b.screens.count("savegame"), 0);
+    EXPECT_EQ(b.screens.count("show Startplay2"), 1);
+    EXPECT_EQ(std::count(b.module.boardowner.begin(), b.module.boardowner.end(), 0), 101);
+    EXPECT_TRUE(b.sound.played.empty()) << "sound was off";
+}
+
+TEST(Leaving, ARestoredBoardComesBackAndTheComputerThrowsAtOnce) {
+    Board b(2, 3);
+    b.module.restartgame = 1;
+    b.module.boardowner[53] = 2;
+    b.module.boardowner[10] = 1;
+    b.module.savedturn = 2;   // red to play
+    b.module.savedscores = {0, 110, 130, 0, 0};
+    b.module.savedseconds = {0, 2000, 2000, 2000, 2000};
+    b.load();
+    b.module.restartgame = 0;
+    EXPECT_EQ(b.f().movecount, 3);
+    EXPECT_EQ(b.f().movelist[0], 10);
+    EXPECT_EQ(b.f().movelist[1], 53);
+    EXPECT_EQ(b.m().Image1[53].picture, "counters\\blre2.bmp");
+    EXPECT_FALSE(b.m().Label1[53].visible);
+    EXPECT_EQ(b.m().Label6[2].caption, "130");
+    EXPECT_EQ(b.m().Label6[3].caption, "0");
+    EXPECT_TRUE(b.running(Timer1));
+    b.clock.advance(1);
+    EXPECT_EQ(b.m().Label2.caption, "Red to Play");
+    EXPECT_FALSE(b.m().Label3[button::throwDice].enabled) << "the computer has thrown";
+    EXPECT_TRUE(b.running(Timer5));
+}
+
+}  // namespace
+}  // namespace fendle
