@@ -1,0 +1,18 @@
+# The generator of every picture and sound, and the build step that runs it
+# into the game folder.
+add_library(fendle_artwork STATIC artwork.cpp sounds.cpp)
+target_include_directories(fendle_artwork PUBLIC ${PROJECT_SOURCE_DIR})
+target_link_libraries(fendle_artwork PUBLIC Qt6::Gui fendle_geometry fendle_engine)
+
+add_executable(make_assets make_assets.cpp)
+target_link_libraries(make_assets PRIVATE fendle_artwork)
+
+set(FENDLE_ASSETS_STAMP ${CMAKE_CURRENT_BINARY_DIR}/assets.stamp)
+add_custom_command(
+  OUTPUT ${FENDLE_ASSETS_STAMP}
+  COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen $<TARGET_FILE:make_assets> ${FENDLE_GAME_DIR}
+  COMMAND ${CMAKE_COMMAND} -E touch ${FENDLE_ASSETS_STAMP}
+  DEPENDS make_assets
+  COMMENT "Drawing the pictures and synthesising the sounds into ${FENDLE_GAME_DIR}"
+  VERBATIM)
+add_custom_target(fendle_assets ALL DEPENDS ${FENDLE_ASSETS_STAMP})
