@@ -1,5 +1,6 @@
 #include "text/text_tables.h"
 
+#include "text/file_io.h"
 #include "text/listinput.h"
 
 namespace fendle {
@@ -67,6 +68,10 @@ void readlanguagefile(std::optional<std::string_view> numlang, std::int16_t& lan
 
 std::string numlangText(int languagenumber) {
     return std::to_string(languagenumber) + "\r\n";
+}
+
+bool writeNumlang(const std::string& path, int languagenumber, std::string* error) {
+    return writeFileAtomic(path, numlangText(languagenumber), error);
 }
 
 bool loadtexttables(std::optional<std::string_view> textCsv, std::optional<std::string_view> rulesCsv,

@@ -57,8 +57,10 @@ std::optional<std::string_view> languageName(int languagenumber);
 void readlanguagefile(std::optional<std::string_view> numlang, std::int16_t& languagenumber,
                       std::string& languagename);
 
-// The one line of numlang.txt: the digits of the number and CR LF.
+// The one line of numlang.txt: the digits of the number and CR LF; and its
+// writing at `path`, whole or not at all (false leaves the old file).
 std::string numlangText(int languagenumber);
+bool writeNumlang(const std::string& path, int languagenumber, std::string* error = nullptr);
 
 // loadtexttables: reads text.csv (rows 1 to 40, seven fields each, into
 // texttable[column][row]), then rules.csv (rows 1 to 64), then calls
