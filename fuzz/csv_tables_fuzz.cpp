@@ -1,0 +1,39 @@
+// The csv readers and the text binding on any bytes, given as all three csv
+// files at once: a load either fails with a message naming its file or
+// fills the tables, and every screen's captions can then be built.
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "fuzz/fuzz_check.h"
+#include "text/binding.h"
+#include "text/text_tables.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) return 0;
+    const int language = data[0] % 21 - 1;   // -1 to 19: past both ends of the tables
+    const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
+
+    static auto tables = std::make_unique<fendle::TextTables>();
+    *tables = fendle::TextTables{};
+    fendle::ModuleTexts texts = fendle::englishModuleTexts();
+    std::string error;
+    const bool loaded = fendle::loadtexttables(bytes, bytes, *tables, language, texts, &error);
+    if (!loaded) FUZZ_CHECK(error.find(".csv") != std::string::npos || error.find("language") != std::string::npos);
+    if (loaded) FUZZ_CHECK(texts.oktext == fendle::textRow(*tables, language, 4));
+
+    fendle::LanguageTable names;
+    if (!fendle::readlanguagenames(bytes, names, &error)) FUZZ_CHECK(error.find("languages.csv") != std::string::npos);
+
+    using fendle::binding::Screen;
+    for (Screen s : {Screen::Titlefrm, Screen::Startplay2, Screen::Startautoplay2, Screen::fen1, Screen::highscores,
+                     Screen::Fendlerules, Screen::Fendlerules2, Screen::Fendlerules2b, Screen::Fendlerules3,
+                     Screen::Fendlerules4}) {
+        for (int set = 0; set < 7; ++set) fendle::binding::textshow(s, language, *tables, texts, set);
+        fendle::binding::layoutByLanguage(s, language);
+    }
+    fendle::binding::computerNoteCaption(language, data[0] % 3, *tables, texts.oktext);
+    return 0;
+}
