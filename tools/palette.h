@@ -17,10 +17,10 @@ inline constexpr Rgb pathEnd{255, 214, 64};             // outline of hexagons 1
 
 // By zone, in the order of fendle::zones: co, cy, ye, bl, gr, ma, re.
 inline constexpr std::array<Rgb, 7> zoneColours = {{
-    {214, 100, 20},   // orange
+    {216, 96, 18},    // orange
     {0, 146, 146},    // turquoise
-    {178, 142, 0},    // yellow, deep enough for the grey numbers
-    {56, 80, 204},    // blue, darker than the window
+    {172, 138, 0},    // yellow, deep enough for the grey numbers
+    {82, 84, 214},    // blue, deeper than the window
     {34, 142, 58},    // green
     {144, 56, 168},   // purple
     {198, 34, 42},    // red

@@ -1,0 +1,81 @@
+// The wave files: plain PCM that the player accepts, of the expected length,
+// never clipped, and ending in silence.
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include <cstdint>
+#include <cstring>
+
+#include "tests/tools/game_folder.h"
+
+namespace fendle {
+namespace {
+
+using testing::gameFile;
+
+std::uint32_t le32(const QByteArray& b, int at) {
+    std::uint32_t v = 0;
+    for (int k = 3; k >= 0; --k) v = (v << 8) | static_cast<std::uint8_t>(b[at + k]);
+    return v;
+}
+std::uint16_t le16(const QByteArray& b, int at) {
+    return static_cast<std::uint16_t>(static_cast<std::uint8_t>(b[at]) |
+                                      (static_cast<std::uint8_t>(b[at + 1]) << 8));
+}
+bool tagAt(const QByteArray& b, int at, const char* tag) { return std::memcmp(b.constData() + at, tag, 4) == 0; }
+
+struct SoundCase {
+    const char* name;
+    double shortest, longest;   // seconds, silent tail included
+};
+
+TEST(Sounds, EveryWaveIsPlainPcmOfItsLengthAndEndsInSilence) {
+    const SoundCase cases[] = {
+        {"click", 0.3, 1.0},   {"click1", 0.3, 1.0},  {"tink", 0.4, 1.0},    {"cupdice", 1.3, 1.7},
+        {"space", 0.4, 1.0},   {"key", 0.4, 1.0},     {"boom", 0.4, 1.0},    {"subping", 0.4, 1.0},
+        {"laser3", 0.4, 1.0},  {"cash", 0.4, 1.0},    {"cheer2", 1.7, 2.3},  {"boink", 0.4, 1.0},
+        {"gong", 1.7, 2.3},    {"crowd", 2.6, 3.4},
+    };
+    for (const SoundCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        QFile f(gameFile(QStringLiteral("wav\\%1.wav").arg(QLatin1String(c.name))));
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        const QByteArray b = f.readAll();
+        ASSERT_GE(b.size(), 44);
+        // RIFF header, a 16-byte fmt chunk of plain PCM, then the data chunk.
+        EXPECT_TRUE(tagAt(b, 0, "RIFF"));
+        EXPECT_EQ(le32(b, 4), static_cast<std::uint32_t>(b.size() - 8));
+        EXPECT_TRUE(tagAt(b, 8, "WAVE"));
+        EXPECT_TRUE(tagAt(b, 12, "fmt "));
+        EXPECT_EQ(le32(b, 16), 16u);
+        EXPECT_EQ(le16(b, 20), 1);       // PCM
+        EXPECT_EQ(le16(b, 22), 1);       // mono
+        EXPECT_EQ(le32(b, 24), 22050u);
+        EXPECT_EQ(le32(b, 28), 44100u);  // bytes per second
+        EXPECT_EQ(le16(b, 32), 2);       // bytes per frame
+        EXPECT_EQ(le16(b, 34), 16);
+        ASSERT_TRUE(tagAt(b, 36, "data"));
+        ASSERT_EQ(le32(b, 40), static_cast<std::uint32_t>(b.size() - 44));
+
+        const int count = (b.size() - 44) / 2;
+        const double seconds = count / 22050.0;
+        EXPECT_GE(seconds, c.shortest);
+        EXPECT_LE(seconds, c.longest);
+        int peak = 0, lastSound = -1;
+        for (int i = 0; i < count; ++i) {
+            const int v = static_cast<std::int16_t>(le16(b, 44 + 2 * i));
+            peak = std::max(peak, std::abs(v));
+            if (v != 0) lastSound = i;
+        }
+        EXPECT_LT(peak, 32000) << "clipped";
+        EXPECT_GT(peak, 6000) << "too quiet to hear";
+        // The player may cut the end of a sound: the last 0.28 s are silent.
+        EXPECT_LE(lastSound, count - static_cast<int>(0.28 * 22050));
+        // ... and there is a sound in front of the silence.
+        EXPECT_GT(lastSound, static_cast<int>(0.02 * 22050));
+    }
+}
+
+}  // namespace
+}  // namespace fendle
