@@ -513,25 +513,19 @@ i16 Fen1::okToCheck() {
     return readytocheck;
 }
 
-bool Fen1::inPrevPath() const {
-    for (int i = 0; i <= jumpcount - 1 && i <= 100; ++i)
-        if (nextnode == jumps[at(i)].target) return true;
-    return false;
-}
+// nextnode among the targets of jumps 0 to jumpcount - 1.
+bool Fen1::inPrevPath() const { return nextnode >= 0 && nextnode <= 100 && isTarget_[at(nextnode)]; }
 
+// nextnode among movelist 0 to movecount - 1 (which holds a 0 behind the last
+// counter); if not, the walk moves on to the next slot.
 void Fen1::inArraytest() {
-    inarrayflag = vbFalse;
-    for (int i = 0; i <= movecount - 1 && i <= 100; ++i) {
-        if (nextnode == movelist[at(i)]) {
-            inarrayflag = vbTrue;
-            return;
-        }
-    }
-    ++nodeindex;
+    inarrayflag = nextnode >= 0 && nextnode <= 100 && inMovelist_[at(nextnode)] ? vbTrue : vbFalse;
+    if (!inarrayflag) ++nodeindex;
 }
 
 void Fen1::saveJump() {
     if (jumpcount <= 100) jumps[at(jumpcount)] = {currentnode, nodeindex, nextnode};
+    if (nextnode >= 0 && nextnode <= 100) isTarget_[at(nextnode)] = true;
     jumpedback = vbFalse;
     ++jumpcount;
     jumpback = 1;
@@ -615,6 +609,9 @@ void Fen1::checkendofgame() {
     wrapcount = gaveup = 0;
     hasone = hastwo = hasthree = hashundred = hasenough = readytocheck = 0;
     jumpcount = currentnode = nodeindex = jumpback = jumpedback = backatstart = pathfound = 0;
+    isTarget_.fill(false);
+    inMovelist_.fill(false);
+    for (int i = 0; i <= movecount - 1 && i <= 100; ++i) inMovelist_[at(movelist[at(i)])] = true;
 
     if (okToCheck()) findPath();
     // A full board always holds a path, even where the walk gives up early.

@@ -125,6 +125,10 @@ private:
 
     Ports ports_;
     float label100Width_ = 525.0f;
+    // By hexagon: in movelist, and entered as a target in this search. They
+    // answer inArraytest and inPrevPath without scanning the two lists.
+    std::array<bool, 101> inMovelist_{};
+    std::array<bool, 101> isTarget_{};
 };
 
 }  // namespace fendle

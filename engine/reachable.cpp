@@ -2,59 +2,74 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace fendle {
 
 namespace {
 
+// One step writes all six slots; a quotient by zero is not formed and its
+// slot holds the array's empty value. Since every slot below the count is
+// written this way, no array needs refilling before a search: nothing reads
+// past its count.
 template <std::size_t N>
-void step(std::array<double, N>& target, i16& count, double x, double y) {
+void step(std::array<double, N>& target, i16& count, double x, double y, double empty) {
     const auto c = static_cast<std::size_t>(count);
     target[c] = x * y;
     target[c + 1] = x + y;
     target[c + 2] = x - y;
     target[c + 3] = y - x;
-    if (y != 0) target[c + 4] = x / y;   // else the slot keeps its empty value
-    if (x != 0) target[c + 5] = y / x;
+    target[c + 4] = y != 0 ? x / y : empty;
+    target[c + 5] = x != 0 ? y / x : empty;
     count = static_cast<i16>(count + 6);
 }
 
+constexpr double emptySlot = 1000.0;       // the empty value of every array ...
+constexpr double emptyPairSlot = 0.0;      // ... but threeresults in the pair form
+
 }  // namespace
 
-void Reachable::allowedalg() { step(tworesults, tworesultcount, firstoperand, secondoperand); }
-void Reachable::allowedalg2() { step(threeresults, threeresultcount, firstoperand, secondoperand); }
-void Reachable::allowedalg3() { step(fourresults, fourresultcount, firstoperand, secondoperand); }
+void Reachable::allowedalg() { step(tworesults, tworesultcount, firstoperand, secondoperand, emptySlot); }
+void Reachable::allowedalg2() {
+    step(threeresults, threeresultcount, firstoperand, secondoperand, pairForm_ ? emptyPairSlot : emptySlot);
+}
+void Reachable::allowedalg3() { step(fourresults, fourresultcount, firstoperand, secondoperand, emptySlot); }
 
 template <std::size_t N>
 void Reachable::mark(const std::array<double, N>& results, int count) {
+    std::array<unsigned char, 101> hit{};
     for (int k = 0; k < count; ++k) {
-        double v = results[static_cast<std::size_t>(k)];
-        if (v <= 0 || v >= 101) continue;   // also drops the empty values 1000 and 0
-        if (v - std::floor(v) < 0.0000001) v = std::floor(v);
-        if (v - std::floor(v) > 0.9999999) v = std::floor(v + 1);
-        // Nearest whole number, a half to the even one: 37.5 marks 38, 62.5 marks 62.
-        allowed[static_cast<std::size_t>(std::nearbyint(v))] = 1.0;
+        const double v = results[static_cast<std::size_t>(k)];
+        if (!(v > 0 && v < 101)) continue;   // also drops the empty values 1000 and 0
+        // For a positive value truncation is floor. The nearest whole number,
+        // a half going to the even one (37.5 marks 38, 62.5 marks 62); within
+        // a ten-millionth of a whole number, that number.
+        const auto whole = static_cast<std::int32_t>(v);
+        const double frac = v - static_cast<double>(whole);   // exact
+        std::int32_t index = whole + ((frac > 0.5) | ((frac == 0.5) & (whole & 1)));
+        if (frac > 0.9999999) index = static_cast<std::int32_t>(v + 1.0);   // floor(v + 1)
+        hit[static_cast<std::size_t>(index)] = 1;
     }
+    for (std::size_t n = 0; n <= 100; ++n)
+        if (hit[n]) allowed[n] = 1.0;
 }
 
 void Reachable::allowednumbers() {
+    pairForm_ = false;
     fourresultcount = 0;
-    fourresults.fill(1000.0);
     std::fill(allowed.begin() + 1, allowed.end(), 0.0);
     for (int i = 0; i < 4; ++i) dicecopy[static_cast<std::size_t>(i)] = dice[static_cast<std::size_t>(i)];
     auto die = [this](int position) { return static_cast<double>(dicecopy[static_cast<std::size_t>(position)]); };
 
     for (int a = 0; a <= 3; ++a) {
         threeresultcount = 0;
-        threeresults.fill(1000.0);
         for (int b = 0; b <= 2; ++b) {
             tworesultcount = 0;
-            tworesults.fill(1000.0);
             firstoperand = die((a + b) % 4);
             secondoperand = die((a + (b + 1) % 3) % 4);
             allowedalg();
             for (int k = 0; k < tworesultcount; ++k) {
-                if (tworesults[static_cast<std::size_t>(k)] < 1000.0) {
+                if (tworesults[static_cast<std::size_t>(k)] < emptySlot) {
                     firstoperand = tworesults[static_cast<std::size_t>(k)];
                     secondoperand = die((a + (b + 2) % 3) % 4);
                     allowedalg2();
@@ -62,7 +77,7 @@ void Reachable::allowednumbers() {
             }
         }
         for (int k = 0; k < threeresultcount; ++k) {
-            if (threeresults[static_cast<std::size_t>(k)] < 1000.0) {
+            if (threeresults[static_cast<std::size_t>(k)] < emptySlot) {
                 firstoperand = threeresults[static_cast<std::size_t>(k)];
                 secondoperand = die((a + 3) % 4);
                 allowedalg3();
@@ -74,14 +89,13 @@ void Reachable::allowednumbers() {
 
 void Reachable::allowednumbers2() {
     for (int i = 0; i < 4; ++i) dicecopy[static_cast<std::size_t>(i)] = dice[static_cast<std::size_t>(i)];
+    pairForm_ = true;
     threeresultcount = 0;
-    threeresults.fill(0.0);   // the pair form's empty value
     auto die = [this](int position) { return static_cast<double>(dicecopy[static_cast<std::size_t>(position)]); };
 
     for (int j = 0; j <= 1; ++j) {
         for (int i = 0; i <= 3; ++i) {
             tworesultcount = 0;
-            tworesults.fill(1000.0);
             firstoperand = die(i);
             secondoperand = die((i + 1 + j) % 4);
             allowedalg();
@@ -90,7 +104,7 @@ void Reachable::allowednumbers2() {
             allowedalg();
             for (std::size_t k = 0; k <= 5; ++k) {
                 for (std::size_t l = 0; l <= 5; ++l) {
-                    if (tworesults[k] < 1000.0 && tworesults[l + 6] < 1000.0) {
+                    if (tworesults[k] < emptySlot && tworesults[l + 6] < emptySlot) {
                         firstoperand = tworesults[k];
                         secondoperand = tworesults[l + 6];
                         allowedalg2();

@@ -4,7 +4,9 @@
 //   allowednumbers   the chain  ((p o q) o r) o s
 //   allowednumbers2  the pairs  (p o q) o (r o s)
 // Both try the reversed operations at every step. The answer is left in
-// `allowed`, 1.0 by number when the throw can make it.
+// `allowed`, 1.0 by number when the throw can make it. A slot is live while
+// it is below the empty value 1000.0 (0.0 for threeresults in the pair form);
+// the counts say how far each array has been written in this search.
 #pragma once
 
 #include <array>
@@ -43,6 +45,7 @@ struct Reachable {
 private:
     template <std::size_t N>
     void mark(const std::array<double, N>& results, int count);
+    bool pairForm_ = false;   // threeresults' empty value is 0.0 in the pair form
 };
 
 }  // namespace fendle

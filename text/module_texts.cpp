@@ -3,25 +3,25 @@
 namespace fendle {
 
 ModuleTexts englishModuleTexts() {
-    ModuleTexts t;
-    t.changelanguagetext = "Change Language";
-    t.noticetext = "Fendle! \xC2\xA9 2026 The Fendle! Team. All rights reserved.";
-    t.oktext = "OK";
-    t.exittext = "Exit";
-    t.bluename = "Blue";
-    t.redname = "Red";
-    t.greenname = "Green";
-    t.yellowname = "Yellow";
-    t.bluewinstext = "Blue wins";
-    t.redwinstext = "Red wins";
-    t.greenwinstext = "Green wins";
-    t.yellowwinstext = "Yellow wins";
-    t.drawtext = "It's a draw";
-    t.doublefendletext = "DOUBLE";
-    t.gameovertext = "Game Over";
-    t.solotimeouttext = "Time is up";
-    t.pointstext = "points";
-    return t;
+    return ModuleTexts{
+        .changelanguagetext = "Change Language",
+        .noticetext = "Fendle! \u00A9 2026 The Fendle! Team. All rights reserved.",
+        .oktext = "OK",
+        .exittext = "Exit",
+        .bluename = "Blue",
+        .redname = "Red",
+        .greenname = "Green",
+        .yellowname = "Yellow",
+        .bluewinstext = "Blue wins",
+        .redwinstext = "Red wins",
+        .greenwinstext = "Green wins",
+        .yellowwinstext = "Yellow wins",
+        .drawtext = "It's a draw",
+        .doublefendletext = "DOUBLE",
+        .gameovertext = "Game Over",
+        .solotimeouttext = "Time is up",
+        .pointstext = "points",
+    };
 }
 
 }  // namespace fendle
