@@ -1,0 +1,36 @@
+#include "screens/module1.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+
+#include "screens/grey.h"
+#include "screens/qt_ports.h"
+
+namespace fendle {
+
+PortFactory PortFactory::qt() {
+    PortFactory p;
+    p.makeTimers = [] { return std::make_unique<QtTimerBank>(); };
+    p.random = std::make_unique<ClockRandom>();
+    p.sound = std::make_unique<QtSound>();
+    return p;
+}
+
+Module1::Module1(PortFactory ports) : ports_(std::move(ports)) { screens.define<Grey>(Grey::formName); }
+
+Module1::~Module1() = default;
+
+void Module1::fitform(Form& frm) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    frm.setClientSizeTwips(pageWidthTwips, pageHeightTwips);
+    frm.centre();
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void Module1::endProgram() {
+    screens.unloadAll();
+    // exit(), not quit(): quit() would first ask every window to close.
+    QCoreApplication::exit(0);
+}
+
+}  // namespace fendle
