@@ -200,5 +200,20 @@ TEST_F(TextData, EnglishColumnHoldsTheDesignCaptions) {
     EXPECT_EQ(texts.yellowname, "Yellow");
 }
 
+TEST_F(TextData, DefaultsWithoutTablesAreTheShippedEnglish) {
+    // The game and the tools run on englishModuleTexts() where no tables are
+    // read; it must say what the English column says.
+    ASSERT_TRUE(loaded);
+    const ModuleTexts defaults = englishModuleTexts();
+    using M = std::string ModuleTexts::*;
+    const M all[] = {&ModuleTexts::changelanguagetext, &ModuleTexts::noticetext, &ModuleTexts::oktext,
+                     &ModuleTexts::exittext, &ModuleTexts::bluename, &ModuleTexts::redname,
+                     &ModuleTexts::greenname, &ModuleTexts::yellowname, &ModuleTexts::bluewinstext,
+                     &ModuleTexts::redwinstext, &ModuleTexts::greenwinstext, &ModuleTexts::yellowwinstext,
+                     &ModuleTexts::drawtext, &ModuleTexts::doublefendletext, &ModuleTexts::gameovertext,
+                     &ModuleTexts::solotimeouttext, &ModuleTexts::pointstext};
+    for (const M m : all) EXPECT_EQ(texts.*m, defaults.*m);
+}
+
 }  // namespace
 }  // namespace fendle
