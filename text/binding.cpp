@@ -1,7 +1,6 @@
 #include "text/binding.h"
 
 #include <array>
-#include <cmath>
 
 namespace fendle::binding {
 

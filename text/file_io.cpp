@@ -11,7 +11,7 @@
 
 namespace fendle {
 
-std::string hostPath(std::string_view gameName, std::string_view folder) {
+std::string gamePath(std::string_view gameName, std::string_view folder) {
     std::string path;
     if (!folder.empty()) {
         path = folder;

@@ -1,5 +1,5 @@
 // Reading and writing the program's own small files. The code names a file
-// as the game writes it, with backslashes ("text\\text.csv"); hostPath turns
+// as the game writes it, with backslashes ("text\\text.csv"); gamePath turns
 // that into a path of this system.
 #pragma once
 
@@ -10,7 +10,7 @@
 namespace fendle {
 
 // "text\\text.csv" -> "text/text.csv". A non-empty folder is put in front.
-std::string hostPath(std::string_view gameName, std::string_view folder = {});
+std::string gamePath(std::string_view gameName, std::string_view folder = {});
 
 // The whole content of a file, or nothing when it cannot be read.
 std::optional<std::string> readFileBytes(const std::string& path);

@@ -16,7 +16,7 @@ namespace fendle {
 namespace {
 
 std::string dataFile(std::string_view gameName) {
-    const auto bytes = readFileBytes(hostPath(gameName, FENDLE_DATA_DIR));
+    const auto bytes = readFileBytes(gamePath(gameName, FENDLE_DATA_DIR));
     EXPECT_TRUE(bytes.has_value()) << gameName << " is missing from data/";
     return bytes.value_or("");
 }

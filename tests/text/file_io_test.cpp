@@ -54,10 +54,10 @@ TEST_F(FileIo, ReadingAMissingFileGivesNothing) {
     EXPECT_EQ(readFileBytes((dir / "empty.txt").string()), "");
 }
 
-TEST(HostPath, BackslashesBecomeSlashes) {
-    EXPECT_EQ(hostPath("text\\text.csv"), "text/text.csv");
-    EXPECT_EQ(hostPath("counters\\blre2.bmp", "/game"), "/game/counters/blre2.bmp");
-    EXPECT_EQ(hostPath("numlang.txt", "/game/"), "/game/numlang.txt");
+TEST(GamePath, BackslashesBecomeSlashes) {
+    EXPECT_EQ(gamePath("text\\text.csv"), "text/text.csv");
+    EXPECT_EQ(gamePath("counters\\blre2.bmp", "/game"), "/game/counters/blre2.bmp");
+    EXPECT_EQ(gamePath("numlang.txt", "/game/"), "/game/numlang.txt");
 }
 
 }  // namespace
