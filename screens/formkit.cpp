@@ -188,9 +188,7 @@ void LabelFace::paint(QPainter& p, QRect box, bool enabled) const {
     if (wrap) flags |= Qt::TextWordWrap;
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    p.setClipRect(inner);
     p.drawText(inner, flags, shown);
-    p.setClipping(false);
 }
 
 // ---------------------------------------------------------------- Control

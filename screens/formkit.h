@@ -121,6 +121,14 @@ struct Row {
 
 class Controls;
 
+// In a kit widget the names it shares with QWidget mean the Control's: width()
+// and height() are twips as in the tables (widget()->width() is pixels).
+#define FENDLE_KIT_CONTROL \
+    using Control::width;  \
+    using Control::height; \
+    using Control::setVisible; \
+    using Control::setEnabled;
+
 // What every kit widget has: its design row, its place in twips, and the
 // properties the game changes at run time. Each kit widget is a QWidget that
 // is also a Control; widget() gives the QWidget.
@@ -218,6 +226,7 @@ private:
 class Label : public QWidget, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     Label(const Row& row, int index, Controls* owner, QWidget* parent);
     QString caption() const override { return face_.text; }
     void setCaption(const QString& text) override;
@@ -244,6 +253,7 @@ private:
 class Button : public QAbstractButton, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     Button(const Row& row, int index, Controls* owner, QWidget* parent);
     QString caption() const override { return text(); }
     void setCaption(const QString& text) override;
@@ -268,6 +278,7 @@ private:
 class CheckBox : public QCheckBox, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     CheckBox(const Row& row, int index, Controls* owner, QWidget* parent);
     QString caption() const override { return text(); }
     void setCaption(const QString& t) override { setText(t); }
@@ -279,6 +290,7 @@ public:
 class OptionButton : public QRadioButton, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     OptionButton(const Row& row, int index, Controls* owner, QWidget* parent);
     QString caption() const override { return text(); }
     void setCaption(const QString& t) override { setText(t); }
@@ -290,6 +302,7 @@ public:
 class TextBox : public QLineEdit, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     // Sees each typed character as its code (8 for Backspace, 13 for Enter,
     // 27 for Escape) before the box does; returns the code to type, or 0 to
     // drop the key. Keys that type nothing (arrows, Delete) pass unseen.
@@ -315,6 +328,7 @@ private:
 class Image : public QWidget, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     Image(const Row& row, int index, Controls* owner, QWidget* parent);
     void setPicture(std::string_view file);
     void clearPicture();
@@ -337,6 +351,7 @@ private:
 class PictureBox : public QWidget, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     PictureBox(const Row& row, int index, Controls* owner, QWidget* parent);
     void setPicture(std::string_view file);
     const std::string& picture() const { return file_; }
@@ -359,6 +374,7 @@ private:
 class Frame : public QWidget, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     Frame(const Row& row, int index, Controls* owner, QWidget* parent);
     QString caption() const override { return caption_; }
     void setCaption(const QString& t) override;
@@ -376,6 +392,7 @@ private:
 class Line : public QWidget, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     Line(const Row& row, int index, Controls* owner, QWidget* parent);
     void setEnds(double x1, double y1, double x2, double y2);
 
@@ -387,6 +404,7 @@ protected:
 class PushButton : public QPushButton, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     PushButton(const Row& row, int index, Controls* owner, QWidget* parent);
     QString caption() const override { return text(); }
     void setCaption(const QString& t) override { setText(t); }
@@ -397,6 +415,7 @@ public:
 class HScrollBar : public QScrollBar, public Control {
     Q_OBJECT
 public:
+    FENDLE_KIT_CONTROL
     HScrollBar(const Row& row, int index, Controls* owner, QWidget* parent);
 };
 
