@@ -84,6 +84,7 @@ private slots:
     void textBoxKeyFilter();
     void loadElementCopiesElementZero();
     void windowedControlsStandInFront();
+    void lineDrawsBetweenItsEndsAndLetsClicksThrough();
     void picturesByTheGamesNames();
 };
 
@@ -407,6 +408,28 @@ void FormKitTest::windowedControlsStandInFront() {
     QCOMPARE(label, 0);
 }
 
+void FormKitTest::lineDrawsBetweenItsEndsAndLetsClicksThrough() {
+    constexpr Row rows[] = {
+        {.name = "Label1", .kind = Kind::Label, .left = 0, .top = 0, .width = 3000, .height = 1500,
+         .back = colour::black},
+        {.name = "Line1", .kind = Kind::Line, .fore = colour::white, .lineWidth = 2, .x1 = 150, .y1 = 1200,
+         .x2 = 1650, .y2 = 300},
+    };
+    Host host(rows, {200, 100});
+    host.widget.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&host.widget));
+    const QImage img = render(host.widget);
+    const QRgb white = qRgb(255, 255, 255), black = qRgb(0, 0, 0);
+    // From (10, 80) to (110, 20) in pixels: a point near each end and the middle.
+    for (QPoint p : {QPoint(11, 79), QPoint(60, 50), QPoint(108, 21)})
+        QVERIFY2(countColour(img, white, QRect(p - QPoint(1, 1), QSize(3, 3))) > 0, qPrintable(QString::number(p.x())));
+    for (QPoint p : {QPoint(10, 20), QPoint(110, 80), QPoint(150, 50)}) QCOMPARE(img.pixel(p) & 0xFFFFFF, black & 0xFFFFFF);
+    int label = 0;
+    host.controls.onClick("Label1", [&](int) { ++label; });
+    QTest::mouseClick(host.widget.windowHandle(), Qt::LeftButton, {}, QPoint(60, 50));
+    QCOMPARE(label, 1);
+}
+
 void FormKitTest::picturesByTheGamesNames() {
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
@@ -429,6 +452,8 @@ void FormKitTest::picturesByTheGamesNames() {
          .picture = "images\\pic.jpg", .stretch = true},
         {.name = "Image3", .kind = Kind::Image, .left = 3000, .top = 150, .width = 900, .height = 900,
          .picture = "Images\\missing.bmp"},
+        {.name = "Picture1", .kind = Kind::PictureBox, .left = 0, .top = 1200, .width = 240, .height = 240,
+         .back = colour::black, .border = true, .picture = "Images\\pic.bmp"},
     };
     Host host(rows, {300, 100});
     auto* natural = host.controls.get<kit::Image>("Image1");
@@ -448,6 +473,17 @@ void FormKitTest::picturesByTheGamesNames() {
     natural->setPicture("images\\pic.bmp");
     QCOMPARE(natural->widget()->size(), QSize(30, 40));
     QCOMPARE(render(*natural).pixel(5, 5), qRgb(0, 255, 0));
+    // A picture box shows its picture at its top left, inside the border,
+    // clipped to its box, and takes clicks.
+    auto* box = host.controls.get<kit::PictureBox>("Picture1");
+    const QImage boxed = render(*box);
+    QCOMPARE(boxed.pixel(2, 2), qRgb(255, 0, 0));
+    QCOMPARE(boxed.pixel(13, 8), qRgb(255, 0, 0));
+    QVERIFY(boxed.pixel(6, 13) != qRgb(255, 0, 0));   // below the picture: back colour
+    int clicks = 0;
+    host.controls.onClick("Picture1", [&](int) { ++clicks; });
+    QTest::mouseClick(box, Qt::LeftButton);
+    QCOMPARE(clicks, 1);
     QCOMPARE(hostPath("counters\\blre2.bmp"), QStringLiteral("counters/blre2.bmp"));
 }
 

@@ -17,7 +17,7 @@ using namespace fendle;
 
 namespace {
 
-struct WaveSpec {
+struct WaveShape {
     quint16 tag = 1;
     quint16 channels = 1;
     quint32 rate = 22050;
@@ -48,7 +48,7 @@ QByteArray chunk(const char* id, const QByteArray& body) {
     return b;
 }
 
-QByteArray makeWave(const WaveSpec& s) {
+QByteArray makeWave(const WaveShape& s) {
     QByteArray fmt;
     put16(fmt, s.tag);
     put16(fmt, s.channels);
