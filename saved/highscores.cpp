@@ -26,6 +26,12 @@ std::string cleanName(std::string_view name) {
     std::string out;
     int characters = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
+        // U+FEFF is invisible, and at the start of a file it would be taken
+        // for a byte order mark and lost: it is no part of a name.
+        if (text.compare(i, 3, "\xEF\xBB\xBF") == 0) {
+            i += 2;
+            continue;
+        }
         const auto b = static_cast<unsigned char>(text[i]);
         const bool continuation = (b & 0xC0) == 0x80;
         if (!continuation) {

@@ -29,8 +29,8 @@ struct HighScores {
 void readHighScores(std::optional<std::string_view> bytes, HighScores& table);
 
 // A name as the table can keep it: at most 25 characters (not bytes), no
-// double quote (the file cannot hold one) and no line end or other control
-// character.
+// double quote (the file cannot hold one), no line end or other control
+// character, and no U+FEFF.
 std::string cleanName(std::string_view name);
 
 // The 20 lines of the file. A name with a comma or a blank at either end is

@@ -88,6 +88,7 @@ TEST(HighScores, NamesSurviveAWriteAndARead) {
         {[] { std::string s; for (int i = 0; i < 30; ++i) s += "\xC3\xA9"; return s; }(),
          [] { std::string s; for (int i = 0; i < 25; ++i) s += "\xC3\xA9"; return s; }()},
         {"Zo\xC3\xAB \xE2\x80\x99s", "Zo\xC3\xAB \xE2\x80\x99s"},
+        {"\xEF\xBB\xBF" "Al\xEF\xBB\xBFi", "Ali"},   // U+FEFF, which a file start would lose
         {"", ""},
     };
     for (const Case& c : cases) {
