@@ -1,0 +1,39 @@
+// fen1, the board window: the controls of the board as the design lays them
+// out, in front of the game in engine/fen1.h. Clicks and timer ticks go to
+// the game; after each the window redraws what changed in the game's board
+// model.
+#pragma once
+
+#include <memory>
+
+#include "engine/fen1.h"
+#include "screens/form.h"
+
+namespace fendle {
+
+class Fen1Form final : public Form {
+    Q_OBJECT
+public:
+    static constexpr const char* formName = "fen1";
+    explicit Fen1Form(Module1& module);
+    ~Fen1Form() override;
+
+    void Form_Load() override;
+    // The title bar's close button does what Exit does, while Exit can act.
+    void closeRequested() override;
+
+    Fen1& game() { return *game_; }
+    BoardModel& model() { return game_->model; }
+    // Shows what changed in the model since the last call.
+    void sync();
+
+private:
+    void textshow();
+    void applyLanguageLayout();
+    void syncControl(kit::Control* c, const ControlState& now, const ControlState* before, bool withBack);
+
+    std::unique_ptr<Fen1> game_;
+    std::unique_ptr<BoardModel> shown_;   // the model as the widgets show it; none before the first sync
+};
+
+}  // namespace fendle
