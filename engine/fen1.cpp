@@ -137,11 +137,7 @@ void Fen1::previousposition() {
 std::string Fen1::turnLine(int playerIndex) const {
     const ModuleTexts& t = module.texts;
     const std::string* names[4] = {&t.bluename, &t.redname, &t.greenname, &t.yellowname};
-    const std::string& name = *names[at(playerIndex & 3)];
-    switch (module.languagenumber) {
-    case 0: case 2: case 5: case 6: return name + " " + playword;
-    default: return playword + " " + name;
-    }
+    return fendle::turnLine(module.languagenumber, *names[at(playerIndex & 3)], playword);
 }
 
 // ---------------------------------------------------------------- helpers

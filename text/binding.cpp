@@ -287,12 +287,6 @@ std::string zoneLine(int zone, int ruleSet, int languagenumber, const TextTables
     return low + rulesRow(tables, languagenumber, 41) + " " + std::to_string(zoneHigh[static_cast<std::size_t>(zone)]);
 }
 
-std::string turnLine(int languagenumber, std::string_view colourName, std::string_view playword) {
-    const bool playwordFirst = languagenumber == 1 || languagenumber == 3 || languagenumber == 4;
-    return playwordFirst ? std::string(playword) + " " + std::string(colourName)
-                         : std::string(colourName) + " " + std::string(playword);
-}
-
 std::string cheatChartCaption(int languagenumber, const TextTables& tables) {
     return "Fendle! " + textRow(tables, languagenumber, 25);
 }

@@ -92,9 +92,6 @@ std::string previousPageCaption(int languagenumber, const TextTables& tables);
 // Zone 0 to 6 (1 to 15 ... 91 to 100) on rule page 3 of a set: the low piece
 // of the set, R41, and the high piece.
 std::string zoneLine(int zone, int ruleSet, int languagenumber, const TextTables& tables);
-// The board's turn line: the colour name, a blank and T26, or for languages
-// 1, 3 and 4 T26, a blank and the colour name.
-std::string turnLine(int languagenumber, std::string_view colourName, std::string_view playword);
 // The Cheat Chart's window caption: "Fendle! " and T25.
 std::string cheatChartCaption(int languagenumber, const TextTables& tables);
 

@@ -178,7 +178,10 @@ double roundHalfEven(double v) { return std::nearbyint(v); }   // default roundi
 std::string printForm(long value) {
     // The magnitude is taken unsigned, so that the most negative value has one.
     const unsigned long magnitude = value < 0 ? 0UL - static_cast<unsigned long>(value) : static_cast<unsigned long>(value);
-    return (value < 0 ? "-" : " ") + std::to_string(magnitude) + " ";
+    std::string out(1, value < 0 ? '-' : ' ');
+    out += std::to_string(magnitude);
+    out += ' ';
+    return out;
 }
 
 }  // namespace fendle

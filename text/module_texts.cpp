@@ -24,4 +24,11 @@ ModuleTexts englishModuleTexts() {
     };
 }
 
+std::string turnLine(int languagenumber, std::string_view colourName, std::string_view playword) {
+    const bool colourFirst = languagenumber == 0 || languagenumber == 2 || languagenumber == 5 || languagenumber == 6;
+    const std::string_view first = colourFirst ? colourName : playword;
+    const std::string_view second = colourFirst ? playword : colourName;
+    return std::string(first) + " " + std::string(second);
+}
+
 }  // namespace fendle

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace fendle {
 
@@ -29,5 +30,10 @@ struct ModuleTexts {
 
 // The English texts, for a game run without the tables (tests, tools).
 ModuleTexts englishModuleTexts();
+
+// The board's invitation to play: the colour name and the play word joined
+// by a blank, the colour first in languages 0, 2, 5 and 6 ("Blue to Play"),
+// the play word first in all others.
+std::string turnLine(int languagenumber, std::string_view colourName, std::string_view playword);
 
 }  // namespace fendle

@@ -443,6 +443,7 @@ std::vector<Sound> allSounds() {
 
 std::vector<char> waveFile(const Pcm& samples) {
     std::vector<char> out;
+    out.reserve(44 + samples.size() * 2);
     auto u32 = [&](std::uint32_t v) {
         for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((v >> (8 * k)) & 0xFF));
     };
@@ -450,7 +451,9 @@ std::vector<char> waveFile(const Pcm& samples) {
         out.push_back(static_cast<char>(v & 0xFF));
         out.push_back(static_cast<char>(v >> 8));
     };
-    auto tag = [&](const char* t) { out.insert(out.end(), t, t + 4); };
+    auto tag = [&](const char* t) {
+        for (int k = 0; k < 4; ++k) out.push_back(t[k]);
+    };
     const auto dataBytes = static_cast<std::uint32_t>(samples.size() * 2);
     tag("RIFF");
     u32(36 + dataBytes);

@@ -364,20 +364,6 @@ TEST(Turn, OnePlayerIsAlwaysBlue) {
     EXPECT_EQ(b.f().bluescore, 30);
 }
 
-TEST(Turn, TheTurnLineFollowsTheLanguage) {
-    struct Case {
-        int language;
-        std::string line;
-    };
-    for (const Case& c : {Case{0, "Red to Play"}, Case{1, "to Play Red"}, Case{2, "Red to Play"},
-                          Case{3, "to Play Red"}, Case{4, "to Play Red"}, Case{5, "Red to Play"},
-                          Case{6, "Red to Play"}}) {
-        Board b(2);
-        b.module.languagenumber = static_cast<i16>(c.language);
-        EXPECT_EQ(b.f().turnLine(1), c.line) << c.language;
-    }
-}
-
 TEST(Turn, WelshShrinksTheLineForPointsAndRestoresItForTheInvitation) {
     Board b(2);
     b.module.languagenumber = 6;
