@@ -111,21 +111,6 @@ TEST(Path, NoSearchWithoutTheEnds) {
     }
 }
 
-TEST(Path, WindingPathWithDeadEnds) {
-    // Up the left edge, across the top, with side branches that lead nowhere.
-    Board b;
-    b.f().turn = 0;
-    b.cover({1, 2, 4, 7, 11, 16, 22, 29, 37, 46, 56, 65, 73, 80, 86, 91, 95, 98, 100});
-    b.cover({5, 8, 12, 17, 23, 38, 47});   // dead ends beside the path
-    b.f().checkendofgame();
-    EXPECT_GT(b.f().winner, 0);
-    Board cut;
-    cut.f().turn = 0;
-    cut.cover({1, 2, 4, 7, 11, 16, 22, 29, 37, 46, 56, 65, 73, 86, 91, 95, 98, 100, 5, 8, 12, 17});   // 80 missing
-    cut.f().checkendofgame();
-    EXPECT_EQ(cut.f().winner, 0);
-}
-
 // Puts a counter on n for the player on turn as a real move with given dice.
 void move(Board& b, std::array<int, 4> dice, int n) {
     b.throwDice(dice);
@@ -194,31 +179,6 @@ TEST(Path, TiedHighestScoresAreADraw) {
 }
 
 // ------------------------------------------------------------------ the turn
-
-TEST(Turn, ClicksOutsideTheirPhaseAreIgnored) {
-    Board b(2);
-    b.f().Label1_Click(7);   // before any throw
-    EXPECT_EQ(b.f().turn, -1);
-    b.random.script(Board::drawsFor({1, 2, 3, 4}));
-    b.f().Label3_Click(button::throwDice);
-    EXPECT_FALSE(b.m().Label3[button::throwDice].enabled);
-    b.clock.advance(1800);   // two dice shown, two still rolling
-    b.f().Label1_Click(10);
-    EXPECT_EQ(b.f().turn, -1);
-    EXPECT_TRUE(b.m().Label1[10].visible);
-    b.clock.advance(500);
-    b.f().Label1_Click(10);   // 1 + 2 + 3 + 4
-    EXPECT_EQ(b.f().turn, 0);
-    EXPECT_FALSE(b.m().Label1[10].visible);
-    b.clock.advance(1000);
-    b.f().Label1_Click(9);   // during the wind-up
-    EXPECT_EQ(b.f().turn, 0);
-    EXPECT_TRUE(b.m().Label1[9].visible);
-    b.clock.advance(1000);
-    EXPECT_EQ(b.m().Label2.caption, "Red to Play");
-    b.f().Label1_Click(9);   // between turns: the dice are dim
-    EXPECT_EQ(b.f().turn, 0);
-}
 
 TEST(Turn, DiceComeToRestOneByOne) {
     struct Case {
@@ -352,18 +312,6 @@ TEST(Turn, DiceTakeTheColourOfThePlayerOnTurn) {
     }
 }
 
-TEST(Turn, OnePlayerIsAlwaysBlue) {
-    Board b(1);
-    for (int k = 0; k < 3; ++k) {
-        b.throwDice({1, 1, 1, 1});
-        b.f().Label1_Click(static_cast<i16>(k == 2 ? 4 : 2 * k + 1));   // 1, 3, 4: no triangle
-        b.clock.advance(2000);
-        EXPECT_EQ(b.f().turn, k);
-        EXPECT_EQ(b.m().Label2.caption, "Blue to Play");
-    }
-    EXPECT_EQ(b.f().bluescore, 30);
-}
-
 TEST(Turn, WelshShrinksTheLineForPointsAndRestoresItForTheInvitation) {
     Board b(2);
     b.module.languagenumber = 6;
@@ -377,15 +325,6 @@ TEST(Turn, WelshShrinksTheLineForPointsAndRestoresItForTheInvitation) {
 }
 
 // ------------------------------------------------------------------ the clock
-
-TEST(Clock, OffMeansNoClock) {
-    Board b(2, 0, 0);
-    b.throwDice({1, 1, 1, 1});
-    EXPECT_FALSE(b.running(Timer7));
-    b.clock.advance(100000);
-    for (const auto& clock : b.m().Label12) EXPECT_FALSE(clock.visible);
-    EXPECT_TRUE(b.m().Label6[1].enabled);
-}
 
 TEST(Clock, ChargesOnlyWhileTheDiceWait) {
     Board b(2, 0, 10);
