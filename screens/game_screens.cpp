@@ -1,0 +1,89 @@
+#include "screens/game_screens.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+
+#include "board/fen1_form.h"
+#include "saved/lastgame.h"
+#include "screens/highscores_form.h"
+#include "screens/module1.h"
+#include "screens/startautoplay2.h"
+#include "screens/startplay2.h"
+#include "screens/titlefrm.h"
+#include "text/file_io.h"
+#include "text/text_tables.h"
+
+namespace fendle {
+
+namespace {
+
+MessageSink& sink() {
+    static MessageSink s;
+    return s;
+}
+
+}  // namespace
+
+void defineGameScreens(Module1& module) {
+    ScreenRegistry& screens = module.screens;
+    screens.define<Titlefrm>(Titlefrm::formName);
+    screens.define<Startplay2>(Startplay2::formName);
+    screens.define<Startautoplay2>(Startautoplay2::formName);
+    screens.define<Highscores>(Highscores::formName);
+    screens.define<Fen1Form>(Fen1Form::formName);
+    screens.onSavegame = [&module] { savegame(module); };
+    screens.onCheckhighscore = [&module] { checkhighscore(module); };
+}
+
+Fen1Form* loadedBoard(Module1& module) {
+    if (!module.screens.isLoaded(Fen1Form::formName)) return nullptr;
+    return module.screens.get<Fen1Form>(Fen1Form::formName);
+}
+
+void savegame(Module1& module) {
+    Fen1Form* board = loadedBoard(module);
+    if (!board) return;
+    // A failed write keeps the game saved before, whole.
+    writeLastgame(gamePath(lastgameFile), makeSavedGame(module.state, board->game()));
+}
+
+void applyLayoutByLanguage(Form& form, binding::Screen screen) {
+    for (const binding::LayoutChange& change : binding::layoutByLanguage(screen, form.module().state.languagenumber)) {
+        kit::Control* c = form.control(change.control, change.index);
+        if (!c) continue;
+        switch (change.property) {
+        case binding::Property::Left: c->setLeft(change.value); break;
+        case binding::Property::Top: c->setTop(change.value); break;
+        case binding::Property::Width: c->setWidth(change.value); break;
+        case binding::Property::Height: c->setHeight(change.value); break;
+        case binding::Property::FontSize: c->setFontSize(change.value); break;
+        case binding::Property::Visible: c->setVisible(change.value != 0); break;
+        }
+    }
+}
+
+void textshow(Form& form, binding::Screen screen) {
+    const Module1& m = form.module();
+    if (!m.tables) return;
+    for (const binding::Caption& cap : binding::textshow(screen, m.state.languagenumber, *m.tables, m.state.texts))
+        if (kit::Control* c = form.control(cap.control, cap.index)) c->setCaption(std::string_view(cap.caption));
+}
+
+void setMessageSink(MessageSink s) { sink() = std::move(s); }
+
+void tellUser(const QString& text) {
+    if (sink()) {
+        sink()(text);
+        return;
+    }
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Fendle!"), text, QMessageBox::Ok);
+    box.exec();
+}
+
+void stopForMissingFile(Module1& module, const std::string& what) {
+    tellUser(QStringLiteral("Fendle! cannot go on: %1.").arg(QString::fromStdString(what)));
+    module.endProgram();
+    QCoreApplication::exit(1);
+}
+
+}  // namespace fendle

@@ -1,0 +1,28 @@
+// Fendle!: the program. It runs in the folder of its executable, where its
+// texts, pictures and sounds lie and where it writes its own files, and
+// starts by opening the title screen.
+#include <QApplication>
+#include <QDir>
+#include <QTimer>
+
+#include "screens/formkit.h"
+#include "screens/game_screens.h"
+#include "screens/module1.h"
+#include "screens/titlefrm.h"
+
+int main(int argc, char* argv[]) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Fendle!"));
+    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    // The program ends only by its own Exit buttons, never because a window
+    // closed while the next one was opening.
+    QApplication::setQuitOnLastWindowClosed(false);
+    fendle::kit::fontFamily(fendle::kit::Face::Tahoma);   // loads the Tahoma clone
+
+    fendle::Module1 module;
+    fendle::defineGameScreens(module);
+    // Opened from inside the event loop, so that a load that has to stop the
+    // program can end the loop.
+    QTimer::singleShot(0, &app, [&module] { module.screens.show(fendle::Titlefrm::formName); });
+    return QApplication::exec();
+}
