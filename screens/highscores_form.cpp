@@ -163,6 +163,8 @@ void checkhighscore(Module1& m) {
     m.screens.show(Highscores::formName);
     auto* screen = m.screens.get<Highscores>(Highscores::formName);
     if (!screen) return;
+    // The screen may have been open since the set-up screen, before this board.
+    boardButtons(m, false);
     // The rows of the section, scores of 0 included.
     const int first = m.newhighrow <= 5 ? 0 : 5;
     for (int r = first; r < first + 5; ++r) {
