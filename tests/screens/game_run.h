@@ -1,0 +1,162 @@
+// A run of the program for widget tests: the screens of the game in a copy
+// of the game folder, on virtual time, scripted dice and a sound recorder,
+// with the messages the program would show collected instead.
+#pragma once
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QWindow>
+#include <QtTest>
+
+#include <array>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "board/fen1_form.h"
+#include "board/geometry.h"
+#include "engine/seeded_random.h"
+#include "engine/virtual_timers.h"
+#include "screens/game_screens.h"
+#include "screens/module1.h"
+#include "screens/qt_ports.h"
+
+namespace fendle::testing {
+
+class GameRun {
+public:
+    GameRun() {
+        // The folder the build made, less the program and any file a run has
+        // written there.
+        const QDir source(QStringLiteral(FENDLE_GAME_DIR));
+        QDirIterator it(source.path(), QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString from = it.next();
+            const QString name = source.relativeFilePath(from);
+            if (name == "fendle" || name == "lastgame.inf" || name == "highscores.txt" || name == "numlang.txt") continue;
+            QDir(folder.path()).mkpath(QFileInfo(name).path());
+            QFile::copy(from, folder.filePath(name));
+        }
+        previous = QDir::currentPath();
+        QDir::setCurrent(folder.path());
+
+        PortFactory ports;
+        ports.makeTimers = [this] { return clock.makeBank(); };
+        auto r = std::make_unique<ScriptedRandom>();
+        random = r.get();
+        ports.random = std::move(r);
+        auto s = std::make_unique<SoundRecorder>();
+        sound = s.get();
+        ports.sound = std::move(s);
+        module = std::make_unique<Module1>(std::move(ports));
+        defineGameScreens(*module);
+        setMessageSink([this](const QString& text) { messages << text; });
+    }
+    ~GameRun() {
+        module.reset();
+        setMessageSink({});
+        QDir::setCurrent(previous);
+    }
+
+    QString file(const QString& name) const { return folder.filePath(name); }
+    void write(const QString& name, const QByteArray& bytes) const {
+        QFile f(file(name));
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    }
+    QByteArray read(const QString& name) const {
+        QFile f(file(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+
+    void open() { module->screens.show("Titlefrm"); }
+    bool loaded(const char* name) const { return module->screens.isLoaded(name); }
+    template <class F = Form>
+    F* screen(const char* name) {
+        return loaded(name) ? module->screens.get<F>(name) : nullptr;
+    }
+    Fen1Form* board() { return screen<Fen1Form>(Fen1Form::formName); }
+    ModuleState& state() { return module->state; }
+    std::string lastSound() const { return sound->played.empty() ? std::string() : sound->played.back(); }
+
+    // A press of a button, a label or a picture box.
+    static void press(Form* f, const char* name, int index = -1) {
+        QVERIFY2(f && f->control(name, index), name);
+        QTest::mouseClick(f->control(name, index)->widget(), Qt::LeftButton);
+    }
+    // A click on the box of a check box or an option button.
+    static void tick(Form* f, const char* name, int index = -1) {
+        QWidget* w = f->control(name, index)->widget();
+        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
+    }
+    static QString caption(Form* f, const char* name, int index = -1) { return f->control(name, index)->caption(); }
+    static bool shows(Form* f, const char* name, int index = -1) { return f->control(name, index)->widget()->isVisible(); }
+
+    // Throw Dice with these four dice, and wait until the fourth is shown.
+    void throwDice(std::array<int, 4> dice) {
+        scriptDice(dice);
+        press(board(), "Label3", button::throwDice);
+        clock.advance(2250);
+    }
+    void scriptDice(std::array<int, 4> dice) {
+        std::vector<double> draws;
+        for (int v : dice) draws.insert(draws.end(), {0.015, (v - 1) / 6.0 + 0.01});
+        random->script(draws);
+    }
+    // A click where the window system would deliver it: on hexagon n.
+    void clickHexagon(int n) {
+        const geometry::Point c = geometry::hexCentre(n);
+        QTest::mouseClick(board()->windowHandle(), Qt::LeftButton, {}, QPoint(kit::px(c.x), kit::px(c.y)));
+    }
+
+    // Lays counters along a shortest way from hexagon 1 to 100 that leaves
+    // hexagon `gap` free, with a few more so that the end of the game is
+    // looked for: the next counter on `gap` completes the path.
+    void layPathBut(int gap, int owner) {
+        const auto& conn = module->state.connarray;
+        std::array<int, 101> from{};
+        from[1] = -1;
+        std::deque<int> queue{1};
+        while (!queue.empty()) {
+            const int n = queue.front();
+            queue.pop_front();
+            for (int k = 0; k < 6; ++k) {
+                const int m = conn[static_cast<std::size_t>(n - 1)][static_cast<std::size_t>(k)];
+                if (m >= 1 && m <= 100 && from[static_cast<std::size_t>(m)] == 0) {
+                    from[static_cast<std::size_t>(m)] = n;
+                    queue.push_back(m);
+                }
+            }
+        }
+        std::vector<int> cover;
+        for (int n = 100; n > 0; n = from[static_cast<std::size_t>(n)]) cover.push_back(n);
+        for (int n : {2, 3, 50, 60, 70, 80, 85, 90, 95, 40, 30, 20, 10, 5, 7, 9, 11, 13, 15, 17}) cover.push_back(n);
+        Fen1& game = board()->game();
+        BoardModel& b = board()->model();
+        for (int n : cover) {
+            const auto i = static_cast<std::size_t>(n);
+            if (n == gap || b.Image1[i].visible) continue;
+            module->state.boardowner[i] = static_cast<i16>(owner);
+            b.Label1[i].visible = false;
+            b.Image1[i].picture = counterPicture(n, players[static_cast<std::size_t>(owner - 1)].prefix, b.Label1[i].fore == colour::black);
+            b.Image1[i].visible = true;
+            game.movelist[static_cast<std::size_t>(game.movecount - 1)] = static_cast<i16>(n);
+            game.movelist[static_cast<std::size_t>(game.movecount)] = 0;
+            ++game.movecount;
+        }
+        board()->sync();
+    }
+
+    QTemporaryDir folder;
+    QString previous;
+    VirtualClock clock;
+    ScriptedRandom* random = nullptr;
+    SoundRecorder* sound = nullptr;
+    std::unique_ptr<Module1> module;
+    QStringList messages;
+};
+
+}  // namespace fendle::testing

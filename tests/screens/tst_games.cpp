@@ -1,0 +1,307 @@
+// Whole games through the real screens: from the title screen through the
+// set-up screens onto the board, to the end of the game and a name in the
+// high-score table; a game left with Exit and taken up again.
+#include "game_run.h"
+
+#include "saved/highscores.h"
+#include "screens/highscores_form.h"
+#include "text/file_io.h"
+
+using namespace fendle;
+using testing::GameRun;
+
+namespace {
+
+// The points of the move the message line announces ("610 points").
+int announcedPoints(Form* board) { return GameRun::caption(board, "Label2").section(' ', 0, 0).toInt(); }
+
+HighScores tableOnDisk(const GameRun& g) {
+    HighScores t;
+    const QByteArray bytes = g.read("highscores.txt");
+    readHighScores(std::string_view(bytes.constData(), std::size_t(bytes.size())), t);
+    return t;
+}
+
+}  // namespace
+
+class TestGames : public QObject {
+    Q_OBJECT
+
+    // The title screen's OK, then a number of players on the set-up screen.
+    static void startGame(GameRun& g, int playersButton) {
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label5");
+        GameRun::press(g.screen("Startplay2"), "Label1", playersButton);
+    }
+
+private slots:
+    void twoPlayersToTheEndAndANameInTheTable() {
+        GameRun g;
+        g.open();
+        Form* title = g.screen("Titlefrm");
+        QVERIFY(title->isVisible());
+        QCOMPARE(GameRun::caption(title, "Label6"), QString("Restart Previous Game"));
+        GameRun::press(title, "Label5");
+        QVERIFY(!g.loaded("Titlefrm"));
+        QVERIFY(g.screen("Grey")->isVisible());
+        QCOMPARE(g.lastSound(), std::string("wav\\click.wav"));
+
+        Form* setup = g.screen("Startplay2");
+        QVERIFY(setup->isVisible());
+        QCOMPARE(GameRun::caption(setup, "Label2"), QString("Select Number of Players"));
+        GameRun::press(setup, "Label1", 1);
+        QVERIFY(!g.loaded("Startplay2"));
+        Fen1Form* board = g.board();
+        QVERIFY(board->isVisible());
+        QVERIFY(GameRun::shows(board, "Label6", 2) && GameRun::shows(board, "Label5", 2));
+        QVERIFY(!GameRun::shows(board, "Label6", 3) && !GameRun::shows(board, "Label12", 0));
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
+
+        // Blue: 24 is 1 x 2 x 3 x 4.
+        g.throwDice({1, 2, 3, 4});
+        QCOMPARE(GameRun::caption(board, "Label4", 3), QString("4"));
+        g.clickHexagon(24);
+        QCOMPARE(GameRun::caption(board, "Label6", 1), QString("20"));
+        QVERIFY(GameRun::shows(board, "Image1", 24) && !GameRun::shows(board, "Label1", 24));
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Red to Play"));
+        QCOMPARE(board->control("Label2")->foreColor(), colour::red);
+        QVERIFY(board->control("Label3", button::throwDice)->enabled());
+
+        // Red: four ones cannot make 99, and the turn is lost.
+        g.throwDice({1, 1, 1, 1});
+        g.clickHexagon(99);
+        QVERIFY(GameRun::shows(board, "Label10"));
+        QVERIFY(GameRun::shows(board, "Label1", 99));
+        QCOMPARE(g.lastSound(), std::string("wav\\boink.wav"));
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
+
+        // Blue closes the path with a click on hexagon 1.
+        g.layPathBut(1, 2);
+        g.throwDice({1, 1, 1, 1});
+        g.clickHexagon(1);
+        const int final = 20 + announcedPoints(board) + 500;
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Game Over"));
+        QCOMPARE(g.lastSound(), std::string("wav\\crowd.wav"));
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("+500 Blue"));
+        QCOMPARE(GameRun::caption(board, "Label6", 1), QString::number(final));
+        QVERIFY(!g.loaded("highscores"));
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue wins"));
+
+        // The best score enters the empty table at the top of Open Play.
+        Form* scores = g.screen("highscores");
+        QVERIFY(scores && scores->isVisible());
+        QVERIFY(scores->windowFlags() & Qt::WindowStaysOnTopHint);
+        QCOMPARE(GameRun::caption(scores, "Label9", 0), QString::number(final));
+        QCOMPARE(GameRun::caption(scores, "Label9", 1), QString("0"));   // the section is filled anew
+        QCOMPARE(GameRun::caption(scores, "Label9", 5), QString());
+        QWidget* name = scores->control("Text1")->widget();
+        QVERIFY(name->isVisible());
+        QCOMPARE(name->y(), scores->control("Label8", 0)->widget()->y() - kit::px(60));
+        QTRY_VERIFY(name->hasFocus());
+        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
+        QVERIFY(!board->control("Label3", button::newGame)->enabled());
+
+        QTest::keyClicks(name, "Ada");
+        GameRun::press(scores, "Label3", 0);
+        QVERIFY(!g.loaded("highscores"));
+        QVERIFY(board->control("Label3", button::exitGame)->enabled());
+        QVERIFY(board->control("Label3", button::newGame)->enabled());
+        QCOMPARE(g.lastSound(), std::string("wav\\crowd.wav"));   // the end turned the sound off
+        const HighScores t = tableOnDisk(g);
+        QCOMPARE(t.highnames[0], std::string("Ada"));
+        QCOMPARE(int(t.highpoints[0]), final);
+    }
+
+    void againstTheComputer() {
+        GameRun g;
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label5");
+        // The table, opened to look, stays open over the whole game.
+        GameRun::press(g.screen("Startplay2"), "Label8");
+        GameRun::press(g.screen("Startplay2"), "Label1", 0);
+        Form* level = g.screen("Startautoplay2");
+        QVERIFY(level->isVisible());
+        QVERIFY(g.board() && !g.board()->isVisible());   // built for one, waiting unseen
+        QVERIFY(level->get<kit::OptionButton>("Option1", 2)->value());
+        GameRun::tick(level, "Option1", 0);
+        GameRun::tick(level, "Option1", 1);
+        QCOMPARE(g.lastSound(), std::string("wav\\tink.wav"));
+        GameRun::press(level, "Label7");
+        QVERIFY(!g.loaded("Startautoplay2"));
+        QCOMPARE(int(g.state().computerlevel), 2);
+        QCOMPARE(int(g.state().nplayers), 2);
+
+        Fen1Form* board = g.board();
+        QVERIFY(board->isVisible());
+        QVERIFY(GameRun::shows(board, "Label5", 6) && GameRun::shows(board, "Label6", 2));
+        QCOMPARE(GameRun::caption(board, "Label5", 6), QString("The computer is playing as red.") + QString(10, ' ') + "Level 2");
+
+        g.throwDice({1, 2, 3, 4});
+        g.clickHexagon(24);
+        // The computer throws as soon as the turn passes, and plays its move
+        // a second after its fourth die, with nobody pressing anything.
+        g.scriptDice({6, 6, 6, 6});
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Red to Play"));
+        QVERIFY(!board->control("Label3", button::throwDice)->enabled());
+        g.clock.advance(3250);
+        const QString red = GameRun::caption(board, "Label6", 2);
+        QVERIFY2(red.toInt() > 0, qPrintable(red));
+        int redCounters = 0;
+        for (int n = 1; n <= 100; ++n) {
+            const std::string& picture = board->model().Image1[std::size_t(n)].picture;   // counters\\ZZre1.bmp
+            redCounters += picture.size() > 13 && picture.compare(11, 2, "re") == 0;
+        }
+        QCOMPARE(redCounters, 1);
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
+        QVERIFY(board->control("Label3", button::throwDice)->enabled());
+
+        g.layPathBut(1, 1);
+        g.throwDice({1, 1, 1, 1});
+        g.clickHexagon(1);
+        const int blue = 20 + announcedPoints(board) + 500;
+        g.clock.advance(6000);
+        QCOMPARE(GameRun::caption(board, "Label6", 1), QString::number(blue));
+
+        // Blue's score enters the computer's section, won or lost.
+        Form* scores = g.screen("highscores");
+        QVERIFY(scores);
+        QCOMPARE(GameRun::caption(scores, "Label9", 5), QString::number(blue));
+        QCOMPARE(GameRun::caption(scores, "Label9", 0), QString());
+        QCOMPARE(scores->control("Text1")->widget()->y(), scores->control("Label8", 5)->widget()->y() - kit::px(60));
+        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
+        QTest::keyClicks(scores->control("Text1")->widget(), "Bo");
+        GameRun::press(scores, "Label3", 0);
+        const HighScores t = tableOnDisk(g);
+        QCOMPARE(t.highnames[5], std::string("Bo"));
+        QCOMPARE(int(t.highpoints[5]), blue);
+        QCOMPARE(int(t.highpoints[0]), 0);
+    }
+
+    void aTimedSoloGameRunsOut() {
+        GameRun g;
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label5");
+        Form* setup = g.screen("Startplay2");
+        QVERIFY(!GameRun::shows(setup, "Text2"));
+        GameRun::tick(setup, "Check2");
+        QCOMPARE(g.lastSound(), std::string("wav\\click1.wav"));
+        QVERIFY(GameRun::shows(setup, "Text2") && GameRun::shows(setup, "Label3", 2) && GameRun::shows(setup, "Label3", 3));
+        QWidget* time = setup->control("Text2")->widget();
+        QTest::keyClick(time, Qt::Key_End);
+        for (int i = 0; i < 3; ++i) QTest::keyClick(time, Qt::Key_Backspace);
+        QTest::keyClicks(time, "5s");
+        QCOMPARE(GameRun::caption(setup, "Text2"), QString("5"));
+        GameRun::press(setup, "Label1", 0);
+        GameRun::press(g.screen("Startautoplay2"), "Label1");
+        QCOMPARE(int(g.state().computerlevel), 0);
+
+        Fen1Form* board = g.board();
+        QVERIFY(board->isVisible());
+        QCOMPARE(GameRun::caption(board, "Label12", 0), QString("5"));
+        QVERIFY(GameRun::shows(board, "Label12", 0) && GameRun::shows(board, "Label13"));
+        QVERIFY(!GameRun::shows(board, "Label12", 1) && !GameRun::shows(board, "Label6", 2) && !GameRun::shows(board, "Label5", 6));
+        g.throwDice({1, 2, 3, 4});
+        g.clickHexagon(24);
+        g.clock.advance(2000);
+        g.throwDice({1, 1, 1, 1});
+        g.clock.advance(5000);
+        QCOMPARE(GameRun::caption(board, "Label12", 0), QString("0"));
+        QCOMPARE(g.lastSound(), std::string("wav\\gong.wav"));
+        QVERIFY(!board->control("Label6", 1)->enabled());
+        QVERIFY(!g.loaded("highscores"));
+        g.clock.advance(2000);
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Time is up"));
+        Form* scores = g.screen("highscores");
+        QVERIFY(scores && scores->isVisible());
+        QCOMPARE(GameRun::caption(scores, "Label9", 0), QString("20"));
+
+        // A file that cannot be written keeps the screen and the entry.
+        QVERIFY(QDir(g.folder.path()).mkdir("highscores.txt"));
+        GameRun::press(scores, "Label3", 0);
+        QCOMPARE(g.messages.size(), 1);
+        QVERIFY(g.loaded("highscores"));
+        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
+        QVERIFY(QDir(g.folder.path()).rmdir("highscores.txt"));
+        GameRun::press(scores, "Label3", 0);   // without a name
+        QVERIFY(!g.loaded("highscores"));
+        const HighScores t = tableOnDisk(g);
+        QCOMPARE(t.highnames[0], std::string());
+        QCOMPARE(int(t.highpoints[0]), 20);
+    }
+
+    void exitAfterTwoMovesAndRestart() {
+        GameRun g;
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label5");
+        GameRun::tick(g.screen("Startplay2"), "Check2");   // 600 seconds each
+        GameRun::press(g.screen("Startplay2"), "Label1", 1);
+        g.throwDice({1, 2, 3, 4});
+        g.clock.advance(3000);   // Blue's clock runs three seconds
+        g.clickHexagon(24);
+        g.clock.advance(2000);
+        g.throwDice({1, 1, 1, 1});
+        g.clock.advance(2000);
+        g.clickHexagon(4);
+        g.clock.advance(2000);
+        Fen1Form* board = g.board();
+        const BoardModel before = board->model();
+        QCOMPARE(before.Label12[0].caption, std::string("597"));
+        QCOMPARE(before.Label12[1].caption, std::string("598"));
+
+        GameRun::press(board, "Label3", button::exitGame);
+        QVERIFY(!g.loaded("fen1"));
+        QVERIFY(g.screen("Titlefrm")->isVisible());
+        QVERIFY(!g.read("lastgame.inf").isEmpty());
+        g.sound->played.clear();
+
+        GameRun::press(g.screen("Titlefrm"), "Label6");
+        QVERIFY(!g.loaded("Titlefrm"));
+        QCOMPARE(int(g.state().restartgame), 0);
+        QVERIFY(g.screen("Grey")->isVisible());
+        board = g.board();
+        QVERIFY(board->isVisible());
+        g.clock.advance(1);   // the restored board hands the turn on at once
+        for (int n = 1; n <= 100; ++n) {
+            const auto i = std::size_t(n);
+            QCOMPARE(board->model().Image1[i].visible, before.Image1[i].visible);
+            QCOMPARE(board->model().Image1[i].picture, before.Image1[i].picture);
+            QCOMPARE(GameRun::shows(board, "Image1", n), before.Image1[i].visible);
+        }
+        for (int p = 1; p <= 2; ++p) QCOMPARE(GameRun::caption(board, "Label6", p), QString::fromStdString(before.Label6[std::size_t(p)].caption));
+        QCOMPARE(GameRun::caption(board, "Label12", 0), QString("597"));
+        QCOMPARE(GameRun::caption(board, "Label12", 1), QString("598"));
+        QVERIFY(GameRun::shows(board, "Label6", 2) && GameRun::shows(board, "Label5", 2));
+        QVERIFY(GameRun::shows(board, "Label12", 1) && !GameRun::shows(board, "Label6", 3));
+        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
+        QCOMPARE(g.sound->played, std::vector<std::string>{"wav\\click.wav"});
+    }
+
+    void exitAfterOneMoveKeepsTheOlderFile() {
+        GameRun g;
+        const QByteArray older = "an older game\r\n";
+        g.write("lastgame.inf", older);
+        startGame(g, 1);
+        g.throwDice({1, 2, 3, 4});
+        g.clickHexagon(24);
+        g.clock.advance(2000);
+        GameRun::press(g.board(), "Label3", button::exitGame);
+        QCOMPARE(g.read("lastgame.inf"), older);
+        // That file is no saved game: Restart Previous Game seems to do nothing.
+        g.sound->played.clear();
+        GameRun::press(g.screen("Titlefrm"), "Label6");
+        QVERIFY(g.screen("Titlefrm")->isVisible());
+        QVERIFY(!g.loaded("fen1"));
+        QCOMPARE(int(g.state().restartgame), 0);
+        QVERIFY(g.sound->played.empty());
+    }
+};
+
+QTEST_MAIN(TestGames)
+#include "tst_games.moc"
