@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QWindow>
 #include <QtTest>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <array>
 #include <deque>
@@ -91,6 +92,12 @@ public:
     static void tick(Form* f, const char* name, int index = -1) {
         QWidget* w = f->control(name, index)->widget();
         QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
+    }
+    // The window manager's close button: a spontaneous close event.
+    static void closeByTitleBar(QWidget* w) {
+        QCloseEvent e;
+        QSpontaneKeyEvent::setSpontaneous(&e);
+        QCoreApplication::instance()->notify(w, &e);
     }
     static QString caption(Form* f, const char* name, int index = -1) { return f->control(name, index)->caption(); }
     static bool shows(Form* f, const char* name, int index = -1) { return f->control(name, index)->widget()->isVisible(); }

@@ -291,9 +291,18 @@ private slots:
 
     void theWaysOut() {
         GameRun g;
+        // The title bar's close is the title screen's Exit: the program ends,
+        // the teachers' guide with it.
         g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label7");
-        QVERIFY(!g.loaded("Titlefrm"));
+        GameRun::press(g.screen("Titlefrm"), "Label5");
+        GameRun::press(g.screen("Startplay2"), "Label3", 0);
+        QVERIFY(!g.loaded("Startplay2") && !g.loaded("Grey"));
+        g.module->screens.define<Guide>("TeacherGuide");
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label9");
+        QVERIFY(g.loaded("TeacherGuide"));
+        GameRun::closeByTitleBar(g.screen("Titlefrm"));
+        QVERIFY(!g.loaded("Titlefrm") && !g.loaded("TeacherGuide"));
 
         // Exit on the level screen goes back to a fresh set-up screen; the
         // board built meanwhile goes at the next choice of players.
@@ -313,10 +322,10 @@ private slots:
         QCOMPARE(g.module->screens.loads("fen1"), 2);
         QVERIFY(GameRun::shows(g.board(), "Label6", 3));
 
-        // New Game on the board, then Exit on the set-up screen ends it all.
+        // New Game on the board, then the set-up screen's close ends it all.
         GameRun::press(g.board(), "Label3", button::newGame);
         QVERIFY(!g.loaded("fen1"));
-        GameRun::press(g.screen("Startplay2"), "Label3", 0);
+        GameRun::closeByTitleBar(g.screen("Startplay2"));
         for (const char* name : {"Titlefrm", "Startplay2", "Grey", "fen1"}) QVERIFY2(!g.loaded(name), name);
     }
 
@@ -331,7 +340,7 @@ private slots:
             QCOMPARE(GameRun::caption(scores, "Label9", r), QString());
         }
         QVERIFY(!GameRun::shows(scores, "Text1"));
-        GameRun::press(scores, "Label3", 0);
+        GameRun::closeByTitleBar(scores);   // as Continue
         QVERIFY(!g.loaded("highscores"));
         QVERIFY(!QFile::exists(g.file("highscores.txt")));   // nothing awaited, nothing written
 
