@@ -136,9 +136,10 @@ void Highscores::Label3_Click(int) {
         std::string error;
         if (!writeHighScores(gamePath(highscoresFile), t, &error)) {
             // Nothing is lost: the screen stays, and Continue can try again.
-            tellUser(QStringLiteral("The high scores could not be saved (%1). Free the file or the folder and press "
-                                    "Continue again.")
-                         .arg(QString::fromStdString(error)));
+            tellUser(QStringLiteral("The high scores could not be saved (%1).\nThe entry is kept: make %2 writable "
+                                    "and press Continue again.")
+                         .arg(QString::fromStdString(error), QString::fromUtf8(highscoresFile.data(),
+                                                                                qsizetype(highscoresFile.size()))));
             return;
         }
         keep(m, t);
