@@ -5,10 +5,26 @@
 #include <QDir>
 #include <QTimer>
 
+#include <cstdlib>
+
 #include "screens/formkit.h"
 #include "screens/game_screens.h"
 #include "screens/module1.h"
 #include "screens/titlefrm.h"
+
+namespace {
+
+class PaintedThenExit : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* e) override {
+        if (e->type() == QEvent::Paint)
+            QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+        return QObject::eventFilter(watched, e);
+    }
+};
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
@@ -23,6 +39,13 @@ int main(int argc, char* argv[]) {
     fendle::defineGameScreens(module);
     // Opened from inside the event loop, so that a load that has to stop the
     // program can end the loop.
-    QTimer::singleShot(0, &app, [&module] { module.screens.show(fendle::Titlefrm::formName); });
+    QTimer::singleShot(0, &app, [&module] {
+        module.screens.show(fendle::Titlefrm::formName);
+        // For timing the start: with FENDLE_EXIT_WHEN_SHOWN set, the program
+        // ends as soon as the title screen has been painted once.
+        if (std::getenv("FENDLE_EXIT_WHEN_SHOWN"))
+            if (QWidget* title = module.screens.form(fendle::Titlefrm::formName))
+                title->installEventFilter(new PaintedThenExit(title));
+    });
     return QApplication::exec();
 }

@@ -1,0 +1,122 @@
+// The windows' speed and footprint, with the real Qt ports, in the game
+// folder. Run it under a display to measure what a player sees:
+//   xvfb-run -a -s "-screen 0 1024x768x24" build/bench/screens_bench
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QProcess>
+#include <QTimer>
+
+#include <sys/resource.h>
+
+#include <fstream>
+#include <string>
+
+#include "board/fen1_form.h"
+#include "screens/module1.h"
+
+namespace fendle {
+namespace {
+
+long residentKilobytes() {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line))
+        if (line.rfind("VmRSS:", 0) == 0) return std::stol(line.substr(6));
+    return 0;
+}
+
+double cpuSeconds() {
+    rusage u{};
+    getrusage(RUSAGE_SELF, &u);
+    return double(u.ru_utime.tv_sec + u.ru_stime.tv_sec) + double(u.ru_utime.tv_usec + u.ru_stime.tv_usec) / 1e6;
+}
+
+void runEventsFor(int ms) {
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+Fen1Form* openBoard(Module1& module, int nplayers) {
+    module.state.nplayers = static_cast<i16>(nplayers);
+    auto* f = module.screens.get<Fen1Form>(Fen1Form::formName);
+    for (int p = 1; p <= nplayers; ++p) {
+        f->model().Label5[static_cast<std::size_t>(p)].visible = true;
+        f->model().Label6[static_cast<std::size_t>(p)].visible = true;
+    }
+    f->sync();
+    module.screens.show(Fen1Form::formName);
+    return f;
+}
+
+// The program from its start to the title screen painted, as a player
+// starting it sees it.
+void BM_StartToTitleShown(benchmark::State& state) {
+    for (auto _ : state) {
+        QProcess fendle;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("FENDLE_EXIT_WHEN_SHOWN", "1");
+        fendle.setProcessEnvironment(env);
+        fendle.start(QStringLiteral(FENDLE_GAME_DIR "/fendle"), {});
+        if (!fendle.waitForFinished(10000) || fendle.exitCode() != 0) state.SkipWithError("fendle did not show its title");
+    }
+}
+BENCHMARK(BM_StartToTitleShown)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(10);
+
+// The board window's load: 100 number labels, 100 counters, the board and
+// the legend's pictures, shown and painted once.
+void BM_Fen1Load(benchmark::State& state) {
+    Module1 module;
+    module.screens.define<Fen1Form>(Fen1Form::formName);
+    for (auto _ : state) {
+        Fen1Form* f = openBoard(module, 4);
+        f->repaint();
+        state.PauseTiming();
+        module.screens.unload(Fen1Form::formName);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Fen1Load)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A board waiting for a click: CPU used per second of waiting, and the
+// resident memory of the process with a game on the screen.
+void BM_WaitingForAClick(benchmark::State& state) {
+    Module1 module;
+    module.screens.define<Fen1Form>(Fen1Form::formName);
+    Fen1Form* f = openBoard(module, 2);
+    runEventsFor(500);
+    // A few moves, so that counters and their pictures are loaded.
+    for (int n : {10, 20, 30, 40}) {
+        f->game().search.allowed[static_cast<std::size_t>(n)] = 1.0;
+        f->model().Label4[0].enabled = true;
+        f->game().Label1_Click(static_cast<i16>(n));
+        f->sync();
+        runEventsFor(2100);
+    }
+    double cpu = 0;
+    for (auto _ : state) {
+        const double before = cpuSeconds();
+        runEventsFor(2000);
+        cpu += cpuSeconds() - before;
+    }
+    state.counters["cpu_percent"] = 100.0 * cpu / (2.0 * double(state.iterations()));
+    state.counters["resident_MB"] = double(residentKilobytes()) / 1024.0;
+}
+BENCHMARK(BM_WaitingForAClick)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+
+}  // namespace
+}  // namespace fendle
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QDir::setCurrent(FENDLE_GAME_DIR);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
