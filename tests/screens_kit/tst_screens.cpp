@@ -23,15 +23,12 @@ namespace {
 // Module1 with virtual time, fixed chance and a recorder for sound.
 struct TestModule {
     VirtualClock clock;
-    SoundRecorder* sound = nullptr;
     std::unique_ptr<Module1> module;
     TestModule() {
         PortFactory p;
         p.makeTimers = [this] { return clock.makeBank(); };
         p.random = std::make_unique<SeededRandom>(3);
-        auto recorder = std::make_unique<SoundRecorder>();
-        sound = recorder.get();
-        p.sound = std::move(recorder);
+        p.sound = std::make_unique<SoundRecorder>();
         module = std::make_unique<Module1>(std::move(p));
     }
 };
@@ -106,187 +103,132 @@ private slots:
         Sample::ticks = 0;
         Sample::failLoad = false;
     }
-    void firstTouchLoadsOnce();
-    void unloadFromOwnHandler();
-    void timersStopAtUnload();
-    void failedLoadStopsWhereItIs();
-    void centring_data();
-    void centring();
-    void fitformGivesThePage();
-    void windowManagerClose();
-    void greyCoversTheScreen();
+
+    void loadAtFirstTouchUnloadFromOwnHandler() {
+        TestModule t;
+        ScreenRegistry& screens = t.module->screens;
+        screens.define<Sample>("Sample");
+        QCOMPARE(screens.form("Nowhere"), nullptr);
+        QPointer<Sample> first = screens.get<Sample>("Sample");
+        QVERIFY(first && screens.isLoaded("Sample"));
+        QVERIFY(!first->isVisible());   // a touch loads; only show shows
+        screens.show("Sample");
+        screens.show("Sample");
+        QCOMPARE(screens.get<Sample>("Sample"), first.data());
+        QCOMPARE(Sample::loads, 1);
+        QVERIFY(QTest::qWaitForWindowExposed(first.data()));
+
+        QTest::mouseClick(first->get<kit::Button>("Label3", 0), Qt::LeftButton);
+        QVERIFY(!screens.isLoaded("Sample"));
+        QVERIFY(first);   // still here: its handler has only just returned
+        QVERIFY(first->afterUnload);
+        QVERIFY(!first->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!first);
+
+        // The next touch makes a fresh one, loaded again.
+        Sample* second = screens.get<Sample>("Sample");
+        QVERIFY(second && !second->afterUnload);
+        QCOMPARE(Sample::loads, 2);
+        QCOMPARE(screens.loads("Sample"), 2);
+        screens.unload("Sample");
+        screens.unload("Sample");   // not loaded: nothing happens
+    }
+
+    void timersStopAtUnload() {
+        TestModule t;
+        ScreenRegistry& screens = t.module->screens;
+        screens.define<Sample>("Sample");
+        QPointer<Sample> s = screens.get<Sample>("Sample");
+        t.clock.advance(250);
+        QCOMPARE(Sample::ticks, 2);
+        // The third tick unloads the form from its own handler: no tick after.
+        t.clock.advance(1000);
+        QCOMPARE(Sample::ticks, 3);
+        QVERIFY(!screens.isLoaded("Sample"));
+        QVERIFY(s);
+        QVERIFY(!s->timers().running(2));
+        s->timers().start(2);   // too late: the form is gone
+        t.clock.advance(1000);
+        QCOMPARE(Sample::ticks, 3);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!s);
+        t.clock.advance(1000);   // its bank is gone with it
+    }
+
+    void failedLoadStopsWhereItIs() {
+        TestModule t;
+        t.module->screens.define<Sample>("Sample");
+        Sample::failLoad = true;
+        Sample* s = t.module->screens.get<Sample>("Sample");
+        QVERIFY(s && !s->loadedToTheEnd);
+        QVERIFY(s->control("Label3", 0));   // built before the failure
+        QCOMPARE(t.module->screens.get<Sample>("Sample"), s);
+        QCOMPARE(Sample::loads, 1);
+    }
+
+    void fitformCentresThePage() {
+        TestModule t;
+        t.module->screens.define<Plain>("Plain");
+        Form* f = t.module->screens.form("Plain");
+        f->setClientSizeTwips(5580, 6570);
+        t.module->fitform(*f);
+        QCOMPARE(f->size(), QSize(800, 600));
+        QCOMPARE(f->clientSizeTwips(), QSizeF(12000, 9000));
+        QCOMPARE(QGuiApplication::overrideCursor(), nullptr);   // the hourglass is gone again
+        const QRect screen = f->screen()->geometry();
+        QCOMPARE(f->frameGeometry().topLeft(),
+                 screen.topLeft() + QPoint((screen.width() - 800) / 2, (screen.height() - 600) / 2));
+        // A window as high as the screen, or higher, overhangs it evenly.
+        f->setClientSizeTwips(9000, screen.height() * 15 + 300);
+        f->centre();
+        QCOMPARE(f->frameGeometry().top(), screen.top() - 10);
+        QCOMPARE(f->topTwips(), double(screen.top() * 15 - 150));
+    }
+
+    void windowManagerClose() {
+        TestModule t;
+        ScreenRegistry& screens = t.module->screens;
+        screens.define<Plain>("Plain");
+        screens.define<Stubborn>("Stubborn");
+        screens.show("Plain");
+        screens.show("Stubborn");
+        QPointer<Form> plain = screens.form("Plain");
+        Stubborn* stubborn = screens.get<Stubborn>("Stubborn");
+
+        // By default the close unloads the screen.
+        closeFromWindowManager(plain);
+        QVERIFY(!screens.isLoaded("Plain"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!plain);
+
+        // A screen may answer otherwise.
+        closeFromWindowManager(stubborn);
+        QCOMPARE(stubborn->asked, 1);
+        QVERIFY(screens.isLoaded("Stubborn"));
+        QVERIFY(!stubborn->isVisible());
+
+        // The program's own close, as when the application quits, goes through:
+        // a refusal there would keep the program from ending.
+        screens.show("Stubborn");
+        QVERIFY(stubborn->close());
+        QCOMPARE(stubborn->asked, 1);
+    }
+
+    void greyCoversTheScreen() {
+        TestModule t;
+        ScreenRegistry& screens = t.module->screens;
+        screens.show("Grey");
+        Grey* grey = screens.get<Grey>("Grey");
+        QVERIFY(grey && QTest::qWaitForWindowExposed(grey));
+        QVERIFY(grey->windowFlags() & Qt::FramelessWindowHint);
+        QCOMPARE(grey->geometry(), grey->screen()->geometry());
+        QVERIFY(grey->findChildren<QWidget*>().isEmpty());
+        const QImage shot = grey->grab().toImage();
+        QCOMPARE(shot.pixel(0, 0) & 0xFFFFFF, qRgb(49, 135, 215) & 0xFFFFFF);
+        QCOMPARE(shot.pixel(shot.width() - 1, shot.height() - 1) & 0xFFFFFF, qRgb(49, 135, 215) & 0xFFFFFF);
+    }
 };
-
-void ScreensTest::firstTouchLoadsOnce() {
-    TestModule t;
-    ScreenRegistry& screens = t.module->screens;
-    screens.define<Sample>("Sample");
-    QVERIFY(!screens.isLoaded("Sample"));
-    QCOMPARE(screens.form("Nowhere"), nullptr);
-
-    Sample* s = screens.get<Sample>("Sample");
-    QVERIFY(s);
-    QVERIFY(screens.isLoaded("Sample"));
-    QVERIFY(!s->isVisible());   // a touch loads; only show shows
-    screens.show("Sample");
-    QVERIFY(s->isVisible());
-    QCOMPARE(screens.get<Sample>("Sample"), s);
-    screens.show("Sample");
-    QCOMPARE(Sample::loads, 1);
-    QCOMPARE(screens.loads("Sample"), 1);
-}
-
-void ScreensTest::unloadFromOwnHandler() {
-    TestModule t;
-    ScreenRegistry& screens = t.module->screens;
-    screens.define<Sample>("Sample");
-    screens.show("Sample");
-    QPointer<Sample> first = screens.get<Sample>("Sample");
-    QVERIFY(QTest::qWaitForWindowExposed(first.data()));
-
-    QTest::mouseClick(first->get<kit::Button>("Label3", 0), Qt::LeftButton);
-    QVERIFY(!screens.isLoaded("Sample"));
-    QVERIFY(first);   // still here: its handler has only just returned
-    QVERIFY(first->afterUnload);
-    QVERIFY(!first->isVisible());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!first);
-
-    // The next touch makes a fresh one, loaded again.
-    Sample* second = screens.get<Sample>("Sample");
-    QVERIFY(second);
-    QCOMPARE(Sample::loads, 2);
-    QVERIFY(!second->afterUnload);
-    screens.unload("Sample");
-    screens.unload("Sample");   // not loaded: nothing happens
-}
-
-void ScreensTest::timersStopAtUnload() {
-    TestModule t;
-    ScreenRegistry& screens = t.module->screens;
-    screens.define<Sample>("Sample");
-    QPointer<Sample> s = screens.get<Sample>("Sample");
-    t.clock.advance(250);
-    QCOMPARE(Sample::ticks, 2);
-    // The third tick unloads the form from its own handler: no tick after.
-    t.clock.advance(1000);
-    QCOMPARE(Sample::ticks, 3);
-    QVERIFY(!screens.isLoaded("Sample"));
-    QVERIFY(s);
-    QVERIFY(!s->timers().running(2));
-    s->timers().start(2);   // too late: the form is gone
-    t.clock.advance(1000);
-    QCOMPARE(Sample::ticks, 3);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!s);
-    t.clock.advance(1000);   // its bank is gone with it
-
-    // Unloaded from outside, with timers of several numbers running.
-    Sample* again = screens.get<Sample>("Sample");
-    again->timers().setInterval(5, 30);
-    again->timers().start(5);
-    t.clock.advance(50);
-    const int before = Sample::ticks;
-    screens.unload("Sample");
-    t.clock.advance(500);
-    QCOMPARE(Sample::ticks, before);
-}
-
-void ScreensTest::failedLoadStopsWhereItIs() {
-    TestModule t;
-    t.module->screens.define<Sample>("Sample");
-    Sample::failLoad = true;
-    Sample* s = t.module->screens.get<Sample>("Sample");
-    QVERIFY(s);
-    QVERIFY(!s->loadedToTheEnd);
-    QVERIFY(s->control("Label3", 0));   // built before the failure
-    QVERIFY(t.module->screens.isLoaded("Sample"));
-    QCOMPARE(t.module->screens.get<Sample>("Sample"), s);
-    QCOMPARE(Sample::loads, 1);
-}
-
-void ScreensTest::centring_data() {
-    QTest::addColumn<QSizeF>("screen");
-    QTest::addColumn<QSizeF>("window");
-    QTest::addColumn<QPoint>("at");
-    QTest::newRow("page on 1024 x 768") << QSizeF(15360, 11520) << QSizeF(12000, 9000) << QPoint(1680, 1260);
-    QTest::newRow("page on 800 x 600") << QSizeF(12000, 9000) << QSizeF(12000, 9000) << QPoint(0, 0);
-    QTest::newRow("page on 640 x 480") << QSizeF(9600, 7200) << QSizeF(12000, 9000) << QPoint(-1200, -900);
-    QTest::newRow("small screen on 800 x 600") << QSizeF(12000, 9000) << QSizeF(5670, 6990) << QPoint(3165, 1005);
-}
-
-void ScreensTest::centring() {
-    QFETCH(QSizeF, screen);
-    QFETCH(QSizeF, window);
-    QFETCH(QPoint, at);
-    QCOMPARE(centredTwips(screen, window), at);
-}
-
-void ScreensTest::fitformGivesThePage() {
-    TestModule t;
-    t.module->screens.define<Plain>("Plain");
-    Form* f = t.module->screens.form("Plain");
-    f->setClientSizeTwips(5580, 6570);
-    t.module->fitform(*f);
-    QCOMPARE(f->size(), QSize(800, 600));
-    QCOMPARE(f->clientSizeTwips(), QSizeF(12000, 9000));
-    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);   // the hourglass is gone again
-    const QRect screen = f->screen()->geometry();
-    QCOMPARE(f->frameGeometry().topLeft(),
-             screen.topLeft() + QPoint((screen.width() - 800) / 2, (screen.height() - 600) / 2));
-    // A window as high as the screen, or higher, overhangs it evenly.
-    f->setClientSizeTwips(9000, screen.height() * 15 + 300);
-    f->centre();
-    QCOMPARE(f->frameGeometry().top(), screen.top() - 10);
-    QCOMPARE(f->topTwips(), double(screen.top() * 15 - 150));
-}
-
-void ScreensTest::windowManagerClose() {
-    TestModule t;
-    ScreenRegistry& screens = t.module->screens;
-    screens.define<Plain>("Plain");
-    screens.define<Stubborn>("Stubborn");
-    screens.show("Plain");
-    screens.show("Stubborn");
-    QPointer<Form> plain = screens.form("Plain");
-    Stubborn* stubborn = screens.get<Stubborn>("Stubborn");
-
-    // By default the close unloads the screen.
-    closeFromWindowManager(plain);
-    QVERIFY(!screens.isLoaded("Plain"));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!plain);
-
-    // A screen may answer otherwise.
-    closeFromWindowManager(stubborn);
-    QCOMPARE(stubborn->asked, 1);
-    QVERIFY(screens.isLoaded("Stubborn"));
-    QVERIFY(!stubborn->isVisible());
-
-    // The program's own close, as when the application quits, goes through:
-    // a refusal there would keep the program from ending.
-    screens.show("Stubborn");
-    QVERIFY(stubborn->close());
-    QCOMPARE(stubborn->asked, 1);
-}
-
-void ScreensTest::greyCoversTheScreen() {
-    TestModule t;
-    ScreenRegistry& screens = t.module->screens;
-    QVERIFY(screens.isDefined("Grey"));
-    screens.show("Grey");
-    Grey* grey = screens.get<Grey>("Grey");
-    QVERIFY(grey);
-    QVERIFY(QTest::qWaitForWindowExposed(grey));
-    QVERIFY(grey->windowFlags() & Qt::FramelessWindowHint);
-    QCOMPARE(grey->geometry(), grey->screen()->geometry());
-    QVERIFY(grey->findChildren<QWidget*>().isEmpty());
-    const QImage shot = grey->grab().toImage();
-    QCOMPARE(shot.pixel(0, 0) & 0xFFFFFF, qRgb(49, 135, 215) & 0xFFFFFF);
-    QCOMPARE(shot.pixel(shot.width() - 1, shot.height() - 1) & 0xFFFFFF, qRgb(49, 135, 215) & 0xFFFFFF);
-    screens.unload("Grey");
-    QVERIFY(!screens.isLoaded("Grey"));
-}
 
 QTEST_MAIN(ScreensTest)
 #include "tst_screens.moc"
