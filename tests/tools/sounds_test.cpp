@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QtEndian>
 
 #include <cstdint>
-#include <cstring>
 
 #include "tests/tools/game_folder.h"
 
@@ -14,16 +14,8 @@ namespace {
 
 using testing::gameFile;
 
-std::uint32_t le32(const QByteArray& b, int at) {
-    std::uint32_t v = 0;
-    for (int k = 3; k >= 0; --k) v = (v << 8) | static_cast<std::uint8_t>(b[at + k]);
-    return v;
-}
-std::uint16_t le16(const QByteArray& b, int at) {
-    return static_cast<std::uint16_t>(static_cast<std::uint8_t>(b[at]) |
-                                      (static_cast<std::uint8_t>(b[at + 1]) << 8));
-}
-bool tagAt(const QByteArray& b, int at, const char* tag) { return std::memcmp(b.constData() + at, tag, 4) == 0; }
+std::uint32_t le32(const QByteArray& b, int at) { return qFromLittleEndian<quint32>(b.constData() + at); }
+std::uint16_t le16(const QByteArray& b, int at) { return qFromLittleEndian<quint16>(b.constData() + at); }
 
 struct SoundCase {
     const char* name;
@@ -44,10 +36,8 @@ TEST(Sounds, EveryWaveIsPlainPcmOfItsLengthAndEndsInSilence) {
         const QByteArray b = f.readAll();
         ASSERT_GE(b.size(), 44);
         // RIFF header, a 16-byte fmt chunk of plain PCM, then the data chunk.
-        EXPECT_TRUE(tagAt(b, 0, "RIFF"));
+        EXPECT_EQ(b.mid(0, 4) + b.mid(8, 8), "RIFFWAVEfmt ");
         EXPECT_EQ(le32(b, 4), static_cast<std::uint32_t>(b.size() - 8));
-        EXPECT_TRUE(tagAt(b, 8, "WAVE"));
-        EXPECT_TRUE(tagAt(b, 12, "fmt "));
         EXPECT_EQ(le32(b, 16), 16u);
         EXPECT_EQ(le16(b, 20), 1);       // PCM
         EXPECT_EQ(le16(b, 22), 1);       // mono
@@ -55,7 +45,7 @@ TEST(Sounds, EveryWaveIsPlainPcmOfItsLengthAndEndsInSilence) {
         EXPECT_EQ(le32(b, 28), 44100u);  // bytes per second
         EXPECT_EQ(le16(b, 32), 2);       // bytes per frame
         EXPECT_EQ(le16(b, 34), 16);
-        ASSERT_TRUE(tagAt(b, 36, "data"));
+        ASSERT_EQ(b.mid(36, 4), "data");
         ASSERT_EQ(le32(b, 40), static_cast<std::uint32_t>(b.size() - 44));
 
         const int count = (b.size() - 44) / 2;
