@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -64,38 +65,35 @@ TEST(HighScores, FileHoldsNameThenPrintFormScore) {
     t.highpoints[1] = -3;
     const std::string text = highscoresText(t);
     EXPECT_EQ(text.substr(0, 17), "a\r\n 250 \r\n\r\n-3 \r\n");
-    std::size_t lineEnds = 0;
-    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lineEnds;
-    EXPECT_EQ(lineEnds, 20u);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 20);
     EXPECT_NE(text.find("\r\nf\r\n 1000 \r\n"), std::string::npos);
     EXPECT_EQ(text.substr(text.size() - 5), " 0 \r\n");
 }
 
 TEST(HighScores, NamesSurviveAWriteAndARead) {
-    struct Case {
-        std::string typed;
-        std::string kept;
+    const auto times = [](int n, const char* s) {
+        std::string out;
+        while (n--) out += s;
+        return out;
     };
-    const std::vector<Case> cases = {
+    const std::pair<std::string, std::string> cases[] = {
         {"Smith, Anna", "Smith, Anna"},
         {"  Bo  ", "  Bo  "},
         {"say \"hi\"", "say hi"},
         {"\"", ""},
         {",", ","},
         {"two\r\nlines", "twolines"},
-        {std::string(30, 'x'), std::string(25, 'x')},
-        // 30 two-byte letters keep 25 letters, 50 bytes.
-        {[] { std::string s; for (int i = 0; i < 30; ++i) s += "\xC3\xA9"; return s; }(),
-         [] { std::string s; for (int i = 0; i < 25; ++i) s += "\xC3\xA9"; return s; }()},
+        {times(30, "x"), times(25, "x")},
+        {times(30, "\xC3\xA9"), times(25, "\xC3\xA9")},   // 25 letters, 50 bytes
         {"Zo\xC3\xAB \xE2\x80\x99s", "Zo\xC3\xAB \xE2\x80\x99s"},
         {"\xEF\xBB\xBF" "Al\xEF\xBB\xBFi", "Ali"},   // U+FEFF, which a file start would lose
         {"", ""},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& [typed, kept] : cases) {
+        SCOPED_TRACE(typed);
         HighScores t = table({300, 200});
-        enterName(t, 2, c.typed);
-        EXPECT_EQ(t.highnames[1], c.kept);
+        enterName(t, 2, typed);
+        EXPECT_EQ(t.highnames[1], kept);
         HighScores back;
         readHighScores(highscoresText(t), back);
         EXPECT_EQ(back, t);
@@ -103,29 +101,23 @@ TEST(HighScores, NamesSurviveAWriteAndARead) {
 }
 
 TEST(HighScores, ReadingAShortOrDamagedFile) {
-    HighScores before = table({9, 9, 9, 9, 9, 9, 9, 9, 9, 9});
+    const HighScores before = table({9, 9, 9, 9, 9, 9, 9, 9, 9, 9});
     HighScores t = before;
     readHighScores(std::nullopt, t);
     EXPECT_EQ(t, before);
-
-    // Two rows, then the file ends: the rest stay as they were.
+    // Two rows and a name, then the file ends: the rest stay as they were.
     readHighScores(std::string_view("Ann\r\n 300 \r\nBen\r\n 200 \r\nCy\r\n"), t);
-    EXPECT_EQ(t.highnames[0], "Ann");
-    EXPECT_EQ(t.highpoints[1], 200);
     EXPECT_EQ(t.highnames[2], "Cy");
+    EXPECT_EQ(t.highpoints[1], 200);
     EXPECT_EQ(t.highpoints[2], 9);
     EXPECT_EQ(t.highnames[3], "d");
-
     // A score too large for 16 bits leaves that row's score; reading goes on.
-    t = before;
-    readHighScores(std::string_view("Ann\r\n 99999 \r\nBen\r\n 200 \r\n"), t);
-    EXPECT_EQ(t.highnames[0], "Ann");
-    EXPECT_EQ(t.highpoints[0], 9);
-    EXPECT_EQ(t.highpoints[1], 200);
-
     // A score that is not a number reads as 0: the row is free.
-    readHighScores(std::string_view("Ann\r\nlots\r\n"), t);
-    EXPECT_EQ(t.highpoints[0], 0);
+    t = before;
+    readHighScores(std::string_view("Ann\r\n 99999 \r\nBen\r\nlots\r\n"), t);
+    EXPECT_EQ(t.highnames[1], "Ben");
+    EXPECT_EQ(t.highpoints[0], 9);
+    EXPECT_EQ(t.highpoints[1], 0);
 }
 
 }  // namespace
