@@ -121,6 +121,35 @@ std::set<int> oracle(std::array<int, 4> dice) {
     return out;
 }
 
+// The marking rule written out step by step, on the values a search stored.
+template <std::size_t N>
+void markByTheSteps(const std::array<double, N>& values, int count, std::set<int>& out) {
+    for (int k = 0; k < count; ++k) {
+        double v = values[static_cast<std::size_t>(k)];
+        if (v <= 0 || v >= 101) continue;
+        if (v - std::floor(v) < 0.0000001) v = std::floor(v);
+        if (v - std::floor(v) > 0.9999999) v = std::floor(v + 1);
+        out.insert(static_cast<int>(std::nearbyint(v)));
+    }
+}
+
+TEST(Reachable, MarksFollowTheRuleStepByStepForEveryThrow) {
+    for (int code = 0; code < 1296; ++code) {
+        Reachable r;
+        for (int d = 0, c = code; d < 4; ++d, c /= 6) r.dice[static_cast<std::size_t>(d)] = static_cast<i16>(1 + c % 6);
+        std::set<int> expected;
+        r.allowednumbers();
+        markByTheSteps(r.fourresults, r.fourresultcount, expected);
+        r.allowednumbers2();
+        markByTheSteps(r.threeresults, r.threeresultcount, expected);
+        expected.erase(0);
+        std::set<int> got;
+        for (int n = 1; n <= 100; ++n)
+            if (r.marked(n)) got.insert(n);
+        ASSERT_EQ(got, expected) << "throw " << code;
+    }
+}
+
 TEST(Reachable, TheTwoFormsCoverEveryExpression) {
     for (const auto& t : allThrows()) ASSERT_EQ(marks(t), oracle(t)) << t[0] << t[1] << t[2] << t[3];
 }
