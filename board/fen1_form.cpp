@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 
+#include "screens/language.h"
 #include "screens/module1.h"
 #include "text/binding.h"
 #include "text/text_tables.h"
@@ -116,7 +117,7 @@ void Fen1Form::Form_Load() {
     m.fitform(*this);
     setBackColor(colour::boardBlue);
     setPicture("Images\\fendle3.bmp");
-    applyLanguageLayout();
+    applyLayoutByLanguage(*this, binding::Screen::fen1);
     textshow();
     game_->Form_Load(label100Width());
     for (int n = 1; n <= 100; ++n) {
@@ -125,21 +126,6 @@ void Fen1Form::Form_Load() {
     }
     control("Image3")->widget()->raise();   // the flash lies in front of the counters
     sync();
-}
-
-void Fen1Form::applyLanguageLayout() {
-    for (const binding::LayoutChange& change : binding::layoutByLanguage(binding::Screen::fen1, module().state.languagenumber)) {
-        kit::Control* c = control(change.control, change.index);
-        if (!c) continue;
-        switch (change.property) {
-        case binding::Property::Left: c->setLeft(change.value); break;
-        case binding::Property::Top: c->setTop(change.value); break;
-        case binding::Property::Width: c->setWidth(change.value); break;
-        case binding::Property::Height: c->setHeight(change.value); break;
-        case binding::Property::FontSize: c->setFontSize(change.value); break;
-        case binding::Property::Visible: c->setVisible(change.value != 0); break;
-        }
-    }
 }
 
 // The words of the board's controls in the current language go into the

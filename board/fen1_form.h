@@ -29,7 +29,6 @@ public:
 
 private:
     void textshow();
-    void applyLanguageLayout();
     void syncControl(kit::Control* c, const ControlState& now, const ControlState* before, bool withBack);
 
     std::unique_ptr<Fen1> game_;

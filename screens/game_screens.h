@@ -10,12 +10,17 @@
 #include <string_view>
 
 #include "screens/form.h"
+#include "screens/language.h"
 #include "text/binding.h"
 
 namespace fendle {
 
 class Module1;
 class Fen1Form;
+
+// What the small screens share: their blue and the ownership notice at their foot.
+inline constexpr Rgb setupBlue{0, 0, 192};
+inline constexpr const char* notice = "Fendle! \u00A9 2026 The Fendle! Team. All rights reserved.";
 
 // Defines Titlefrm, Startplay2, Startautoplay2, highscores and fen1 in the
 // module's registry, and sets the board's hooks onSavegame (writes
@@ -29,12 +34,6 @@ void savegame(Module1& module);
 // The board window if it is loaded; null otherwise. Never creates it.
 Fen1Form* loadedBoard(Module1& module);
 
-// The changes of place and size the current language brings to a screen,
-// applied before its textshow.
-void applyLayoutByLanguage(Form& form, binding::Screen screen);
-// The current language's words into a screen's controls. Without tables
-// (nothing read yet) the design's English stays.
-void textshow(Form& form, binding::Screen screen);
 
 // How a screen tells the user of a problem it cannot hide: a message box,
 // or, in tests, whatever is set here (an empty sink restores the box).

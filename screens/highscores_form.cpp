@@ -17,9 +17,7 @@ using kit::Face;
 using kit::Kind;
 using kit::Row;
 
-constexpr Rgb setupBlue{0, 0, 192};
 constexpr Rgb rowGrey{192, 192, 192};
-constexpr const char* notice = "Fendle! \u00A9 2026 The Fendle! Team. All rights reserved.";
 
 // Tops of the ten rows in the frame: "Open Play" rows 0 to 4, then "Play
 // against the computer" rows 5 to 9.

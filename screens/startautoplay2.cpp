@@ -15,9 +15,7 @@ using kit::Face;
 using kit::Kind;
 using kit::Row;
 
-constexpr Rgb setupBlue{0, 0, 192};
 constexpr Rgb orange{255, 128, 0};
-constexpr const char* notice = "Fendle! \u00A9 2026 The Fendle! Team. All rights reserved.";
 
 constexpr Row level(int index, double top, const char* caption, int selected) {
     return Row{.name = "Option1", .index = index, .kind = Kind::Option, .left = 360, .top = top, .width = 2535,

@@ -21,8 +21,6 @@ using kit::Face;
 using kit::Kind;
 using kit::Row;
 
-constexpr Rgb setupBlue{0, 0, 192};
-constexpr const char* notice = "Fendle! \u00A9 2026 The Fendle! Team. All rights reserved.";
 
 constexpr Row box(const char* name, double top, double width, const char* caption, bool visible, int value) {
     return Row{.name = name, .kind = Kind::CheckBox, .left = 720, .top = top, .width = width, .height = 375,
