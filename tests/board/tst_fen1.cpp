@@ -4,12 +4,7 @@
 #include <QWindow>
 #include <QtTest>
 
-#include "board/fen1_form.h"
-#include "board/geometry.h"
-#include "engine/seeded_random.h"
-#include "engine/virtual_timers.h"
-#include "screens/module1.h"
-#include "screens/qt_ports.h"
+#include "../screens/game_run.h"
 
 using namespace fendle;
 
@@ -48,52 +43,33 @@ QRect px(int l, int t, int w, int h) { return {kit::px(l), kit::px(t), kit::px(w
 class TestFen1 : public QObject {
     Q_OBJECT
 
-    VirtualClock clock;
-    ScriptedRandom* random = nullptr;
-    SoundRecorder* sound = nullptr;
-    std::unique_ptr<Module1> module;
+    std::unique_ptr<testing::GameRun> run;
 
+    // A board for nplayers, loaded and shown as the set-up screens leave it.
     Fen1Form* board(int nplayers = 2, int language = 0) {
-        PortFactory ports;
-        ports.makeTimers = [this] { return clock.makeBank(); };
-        auto r = std::make_unique<ScriptedRandom>();
-        random = r.get();
-        ports.random = std::move(r);
-        auto s = std::make_unique<SoundRecorder>();
-        sound = s.get();
-        ports.sound = std::move(s);
-        module = std::make_unique<Module1>(std::move(ports));
-        module->screens.define<Fen1Form>(Fen1Form::formName);
-        module->state.nplayers = static_cast<i16>(nplayers);
-        module->state.languagenumber = static_cast<i16>(language);
-        auto* f = module->screens.get<Fen1Form>(Fen1Form::formName);
+        run.reset();
+        run = std::make_unique<testing::GameRun>();
+        Module1& module = *run->module;
+        module.state.nplayers = static_cast<i16>(nplayers);
+        module.state.languagenumber = static_cast<i16>(language);
+        auto* f = module.screens.get<Fen1Form>(Fen1Form::formName);
         for (int p = 1; p <= nplayers; ++p) {
             f->model().Label5[static_cast<std::size_t>(p)].visible = true;
             f->model().Label6[static_cast<std::size_t>(p)].visible = true;
         }
         f->sync();
-        module->screens.show(Fen1Form::formName);
+        module.screens.show(Fen1Form::formName);
         return f;
     }
-    void throwDice(Fen1Form* f, std::array<int, 4> dice) {
-        std::vector<double> draws;
-        for (int v : dice) draws.insert(draws.end(), {0.015, (v - 1) / 6.0 + 0.01});
-        random->script(draws);
-        QTest::mouseClick(f->control("Label3", 2)->widget(), Qt::LeftButton);
-        clock.advance(2250);
-    }
-    // A click at a point of the window, delivered where the window system would.
-    static void clickAt(Fen1Form* f, QPoint at) {
-        QTest::mouseClick(f->windowHandle(), Qt::LeftButton, {}, at);
-    }
+    void throwDice(std::array<int, 4> dice) { run->throwDice(dice); }
     static QPoint hexagonCentre(int n) {
         const geometry::Point c = geometry::hexCentre(n);
         return {kit::px(c.x), kit::px(c.y)};
     }
+    void clickAt(int n) { run->clickHexagon(n); }
 
 private slots:
-    void initTestCase() { QVERIFY(QDir::setCurrent(FENDLE_GAME_DIR)); }
-    void cleanup() { module.reset(); }
+    void cleanup() { run.reset(); }
 
     void controlsStandWhereTheDesignPutsThem() {
         Fen1Form* f = board(4);
@@ -116,29 +92,29 @@ private slots:
         QVERIFY(qAbs(l100.center().x() - hexagonCentre(100).x()) <= 1);
         // Only the players of the game show their names and scores.
         board(2);
-        QVERIFY(module->screens.get<Fen1Form>("fen1")->control("Label6", 2)->widget()->isVisible());
-        QVERIFY(!module->screens.get<Fen1Form>("fen1")->control("Label6", 3)->widget()->isVisible());
+        QVERIFY(run->module->screens.get<Fen1Form>("fen1")->control("Label6", 2)->widget()->isVisible());
+        QVERIFY(!run->module->screens.get<Fen1Form>("fen1")->control("Label6", 3)->widget()->isVisible());
     }
 
     void aClickOnAHexagonPlaysItsNumberAndACounterTakesNoClick() {
         Fen1Form* f = board(2);
         auto* die = f->control("Label4", 0);
         QVERIFY(!die->enabled());
-        throwDice(f, {1, 2, 3, 4});
+        throwDice({1, 2, 3, 4});
         QCOMPARE(die->caption(), QString("1"));
         QCOMPARE(f->control("Label4", 3)->caption(), QString("4"));
         QVERIFY(!f->control("Label3", 2)->enabled());
 
-        clickAt(f, hexagonCentre(24));   // 1 x 2 x 3 x 4
+        clickAt(24);   // 1 x 2 x 3 x 4
         QVERIFY(!f->control("Label1", 24)->widget()->isVisible());
         auto* counter = f->get<kit::Image>("Image1", 24);
         QVERIFY(counter->isVisible());
         QCOMPARE(counter->picture(), std::string("counters\\cybl1.bmp"));
         QCOMPARE(f->control("Label6", 1)->caption(), QString("20"));
         QCOMPARE(f->control("Label2")->caption(), QString("20 points"));
-        QCOMPARE(sound->played.back(), std::string("wav\\click.wav"));
+        QCOMPARE(run->sound->played.back(), std::string("wav\\click.wav"));
 
-        clock.advance(2000);
+        run->clock.advance(2000);
         QCOMPARE(f->control("Label2")->caption(), QString("Red to Play"));
         QCOMPARE(f->control("Label2")->foreColor(), colour::red);
         QCOMPARE(f->control("Label3", 2)->foreColor(), colour::red);
@@ -146,16 +122,16 @@ private slots:
 
         // Red throws and clicks where the counter is: the click lands on the
         // counter, which has no click action. Nothing is lost.
-        throwDice(f, {1, 2, 3, 4});
-        clickAt(f, hexagonCentre(24));
+        throwDice({1, 2, 3, 4});
+        clickAt(24);
         QCOMPARE(f->game().turn, i16(0));
         QCOMPARE(f->model().Image1[24].picture, std::string("counters\\cybl1.bmp"));
         // An illegal number loses the turn, and the line says so over the clocks.
-        clickAt(f, hexagonCentre(99));
+        clickAt(99);
         QCOMPARE(f->game().turn, i16(1));
         QVERIFY(f->control("Label10")->widget()->isVisible());
-        QCOMPARE(sound->played.back(), std::string("wav\\boink.wav"));
-        clock.advance(2000);
+        QCOMPARE(run->sound->played.back(), std::string("wav\\boink.wav"));
+        run->clock.advance(2000);
         QVERIFY(!f->control("Label10")->widget()->isVisible());
         QCOMPARE(f->control("Label2")->caption(), QString("Blue to Play"));
     }
@@ -165,25 +141,25 @@ private slots:
         QCOMPARE(f->control("Label2")->left(), 4740.0);
         QCOMPARE(f->control("Label3", 2)->left(), 1020.0);
         QCOMPARE(f->control("Label13")->width(), 1080.0);
-        throwDice(f, {1, 1, 1, 1});
-        clickAt(f, hexagonCentre(4));
+        throwDice({1, 1, 1, 1});
+        clickAt(4);
         QCOMPARE(f->control("Label2")->fontSize(), 19.0);
         QCOMPARE(f->control("Label2")->widget()->y(), kit::px(120));
-        clock.advance(2000);
+        run->clock.advance(2000);
         QCOMPARE(f->control("Label2")->fontSize(), 28.0);
         QCOMPARE(f->control("Label2")->widget()->y(), 0);
     }
 
     void theFlashAndTheCountersShowInFront() {
         Fen1Form* f = board(1);
-        throwDice(f, {1, 1, 1, 1});
-        clickAt(f, hexagonCentre(2));
-        clock.advance(200);   // first tick of the flash: the white counter shows
+        throwDice({1, 1, 1, 1});
+        clickAt(2);
+        run->clock.advance(200);   // first tick of the flash: the white counter shows
         QWidget* flash = f->control("Image3")->widget();
         QVERIFY(flash->isVisible());
         QCOMPARE(flash->pos(), f->control("Image1", 2)->widget()->pos());
         QCOMPARE(f->childAt(hexagonCentre(2)), flash);
-        clock.advance(1800);
+        run->clock.advance(1800);
         QVERIFY(!flash->isVisible());
         QCOMPARE(f->childAt(hexagonCentre(2)), f->control("Image1", 2)->widget());
     }
