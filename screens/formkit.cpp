@@ -230,9 +230,14 @@ void Control::setCaption(const QString&) {}
 void Control::setForeColor(Rgb colour) {
     fore_ = colour;
     QPalette pal = self_->palette();
+    // A check box or an option draws its tick or dot in the Text colour on a
+    // white disc: that stays the system's, or a yellow caption would leave the
+    // chosen option unseen.
+    const bool indicator = row_.kind == Kind::CheckBox || row_.kind == Kind::Option;
     for (auto group : {QPalette::Active, QPalette::Inactive}) {
-        for (auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
-            pal.setColor(group, role, toQColor(colour));
+        pal.setColor(group, QPalette::WindowText, toQColor(colour));
+        pal.setColor(group, QPalette::ButtonText, toQColor(colour));
+        if (!indicator) pal.setColor(group, QPalette::Text, toQColor(colour));
     }
     self_->setPalette(pal);
 }

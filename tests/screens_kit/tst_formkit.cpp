@@ -245,6 +245,10 @@ private slots:
         auto o1 = [&](int i) { return host.controls.get<kit::OptionButton>("Option1", i); };
         auto* o2 = host.controls.get<kit::OptionButton>("Option2", 0);
         QVERIFY(o1(2)->value() && o2->value());
+        // A yellow caption leaves the dot of the chosen option in its own colour.
+        o2->setForeColor(colour::yellow);
+        QCOMPARE(o2->palette().color(QPalette::WindowText), kit::toQColor(colour::yellow));
+        QVERIFY(o2->palette().color(QPalette::Text) != kit::toQColor(colour::yellow));
         // Each array is a group of its own.
         QTest::mouseClick(o1(0), Qt::LeftButton, {}, QPoint(8, 10));
         QVERIFY(o1(0)->value() && !o1(1)->value() && !o1(2)->value() && o2->value());
