@@ -44,10 +44,7 @@ void runEventsFor(int ms) {
 Fen1Form* openBoard(Module1& module, int nplayers) {
     module.state.nplayers = static_cast<i16>(nplayers);
     auto* f = module.screens.get<Fen1Form>(Fen1Form::formName);
-    for (int p = 1; p <= nplayers; ++p) {
-        f->model().Label5[static_cast<std::size_t>(p)].visible = true;
-        f->model().Label6[static_cast<std::size_t>(p)].visible = true;
-    }
+    f->game().showPlayers(nplayers);
     f->sync();
     module.screens.show(Fen1Form::formName);
     return f;

@@ -134,6 +134,13 @@ void Fen1::previousposition() {
     }
 }
 
+void Fen1::showPlayers(int count) {
+    for (int p = 1; p <= count && p <= 4; ++p) {
+        model.Label5[at(p)].visible = true;
+        model.Label6[at(p)].visible = true;
+    }
+}
+
 std::string Fen1::turnLine(int playerIndex) const {
     const ModuleTexts& t = module.texts;
     const std::string* names[4] = {&t.bluename, &t.redname, &t.greenname, &t.yellowname};

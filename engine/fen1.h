@@ -80,6 +80,10 @@ public:
     void positionnumbers();
     void previousposition();
 
+    // Players 1 to count take part: their colour names and score boxes show.
+    // The set-up screens and the restore do this once the board is built.
+    void showPlayers(int count);
+
     // The turn line: "Blue to Play", word order by language.
     std::string turnLine(int playerIndex) const;
 

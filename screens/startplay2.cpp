@@ -189,10 +189,7 @@ void Startplay2::Label1_Click(int Index) {
                         ? timeAllowedFrom(control("Text2")->caption().toStdString())
                         : i16(0);
     if (auto* board = m.screens.get<Fen1Form>(Fen1Form::formName)) {
-        for (int p = 1; p <= s.nplayers; ++p) {
-            board->model().Label5[static_cast<std::size_t>(p)].visible = true;
-            board->model().Label6[static_cast<std::size_t>(p)].visible = true;
-        }
+        board->game().showPlayers(s.nplayers);
         board->sync();
     }
     if (Index == 0) m.screens.show(Startautoplay2::formName);

@@ -120,10 +120,7 @@ void Titlefrm::Label6_Click() {
         // The board is built now, in restore mode, from what was read.
         m.screens.unload(Fen1Form::formName);
         if (auto* board = m.screens.get<Fen1Form>(Fen1Form::formName)) {
-            for (int i = 1; i <= s.nplayers && i <= 4; ++i) {
-                board->model().Label5[static_cast<std::size_t>(i)].visible = true;
-                board->model().Label6[static_cast<std::size_t>(i)].visible = true;
-            }
+            board->game().showPlayers(s.nplayers);
             board->sync();
         }
         if (s.greyback == 1) m.screens.show(Grey::formName);

@@ -53,10 +53,7 @@ class TestFen1 : public QObject {
         module.state.nplayers = static_cast<i16>(nplayers);
         module.state.languagenumber = static_cast<i16>(language);
         auto* f = module.screens.get<Fen1Form>(Fen1Form::formName);
-        for (int p = 1; p <= nplayers; ++p) {
-            f->model().Label5[static_cast<std::size_t>(p)].visible = true;
-            f->model().Label6[static_cast<std::size_t>(p)].visible = true;
-        }
+        f->game().showPlayers(nplayers);
         f->sync();
         module.screens.show(Fen1Form::formName);
         return f;

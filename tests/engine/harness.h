@@ -52,10 +52,7 @@ struct Board {
         fen1.reset();
         fen1 = std::make_unique<Fen1>(module, Ports{*bank, random, sound, screens});
         fen1->Form_Load();
-        for (int p = 1; p <= module.nplayers; ++p) {
-            fen1->model.Label5[static_cast<std::size_t>(p)].visible = true;
-            fen1->model.Label6[static_cast<std::size_t>(p)].visible = true;
-        }
+        fen1->showPlayers(module.nplayers);
     }
     Fen1& f() { return *fen1; }
     BoardModel& m() { return fen1->model; }

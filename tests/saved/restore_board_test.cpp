@@ -27,7 +27,7 @@ struct Window {
     explicit Window(ModuleState& module, std::uint64_t seed) : random(seed) {
         board = std::make_unique<Fen1>(module, Ports{*bank, random, quiet, quiet});
         board->Form_Load();
-        for (int p = 1; p <= module.nplayers; ++p) board->model.Label6[static_cast<std::size_t>(p)].visible = true;
+        board->showPlayers(module.nplayers);
     }
     // Throws and, once the dice stand, clicks the lowest free number they
     // make, or a covered one (an illegal move) when `lose` is set.
