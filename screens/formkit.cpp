@@ -291,15 +291,19 @@ Label::Label(const Row& row, int index, Controls* owner, QWidget* parent)
     finish(*this, row, false);
 }
 
+void LabelFace::style(const Row& row, const QFont& designFont, Rgb foreColour, Rgb backColour) {
+    font = designFont;
+    fore = toQColor(foreColour);
+    back = toQColor(backColour);
+    transparent = row.transparent;
+    border = row.border;
+    wrap = row.wordWrap;
+    align = row.align;
+    invalidate();
+}
+
 void Label::syncFace() {
-    face_.font = currentFont();
-    face_.fore = toQColor(fore_);
-    face_.back = toQColor(back_);
-    face_.transparent = row_.transparent;
-    face_.border = row_.border;
-    face_.wrap = row_.wordWrap;
-    face_.align = row_.align;
-    face_.invalidate();
+    face_.style(row_, currentFont(), fore_, back_);
     setAttribute(Qt::WA_OpaquePaintEvent, !row_.transparent);
     update();
 }
@@ -356,14 +360,7 @@ Button::Button(const Row& row, int index, Controls* owner, QWidget* parent)
 
 void Button::syncFace() {
     face_.text = text();
-    face_.font = currentFont();
-    face_.fore = toQColor(fore_);
-    face_.back = toQColor(back_);
-    face_.transparent = row_.transparent;
-    face_.border = row_.border;
-    face_.wrap = row_.wordWrap;
-    face_.align = row_.align;
-    face_.invalidate();
+    face_.style(row_, currentFont(), fore_, back_);
     update();
 }
 

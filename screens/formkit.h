@@ -216,6 +216,8 @@ public:
     const QFont& fitted(QSize box) const;
     void paint(QPainter& p, QRect box, bool enabled) const;
     void invalidate() { cachedFor_ = QSize(); }
+    // Takes the look of a control's row, at the given font and colours.
+    void style(const Row& row, const QFont& designFont, Rgb foreColour, Rgb backColour);
     static constexpr int borderWidth = 2;
 
 private:
