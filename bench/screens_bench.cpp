@@ -15,7 +15,7 @@
 #include <fstream>
 #include <string>
 
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 #include "screens/module1.h"
 
 namespace fendle {

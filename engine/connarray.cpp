@@ -1,6 +1,6 @@
 #include "engine/connarray.h"
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 #include "text/listinput.h"
 
 namespace fendle {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 
 namespace fendle {
 

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
 #include "screens/module1.h"

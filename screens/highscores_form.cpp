@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 #include "saved/highscores.h"
 #include "screens/game_screens.h"
 #include "screens/module1.h"

@@ -1,6 +1,6 @@
 #include "screens/startautoplay2.h"
 
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 #include "screens/game_screens.h"
 #include "screens/module1.h"
 #include "screens/startplay2.h"

@@ -4,7 +4,7 @@
 #include <cctype>
 #include <cmath>
 
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 #include "screens/game_screens.h"
 #include "screens/grey.h"
 #include "screens/highscores_form.h"

@@ -1,6 +1,6 @@
 #include "screens/titlefrm.h"
 
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 #include "engine/connarray.h"
 #include "saved/lastgame.h"
 #include "screens/game_screens.h"

@@ -15,7 +15,7 @@
 #include <numbers>
 #include <stdexcept>
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 #include "tools/palette.h"
 
 namespace fendle::art {

@@ -1,6 +1,6 @@
 // Every picture of the game folder, drawn with QPainter. The board and all the
 // pictures that show a piece of it go through one hexagon painter fed by
-// board/geometry, so a hexagon can never stand elsewhere than its number.
+// engine/geometry, so a hexagon can never stand elsewhere than its number.
 // Needs a QGuiApplication (fonts).
 #pragma once
 

@@ -2,7 +2,7 @@
 # into the game folder.
 add_library(fendle_artwork STATIC artwork.cpp sounds.cpp)
 target_include_directories(fendle_artwork PUBLIC ${PROJECT_SOURCE_DIR})
-target_link_libraries(fendle_artwork PUBLIC Qt6::Gui fendle_geometry fendle_engine)
+target_link_libraries(fendle_artwork PUBLIC Qt6::Gui fendle_engine)
 
 add_executable(make_assets make_assets.cpp)
 target_link_libraries(make_assets PRIVATE fendle_artwork)

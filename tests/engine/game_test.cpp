@@ -7,7 +7,7 @@
 #include <random>
 #include <set>
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 #include "harness.h"
 
 namespace fendle {

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 #include "engine/connarray.h"
 
 namespace fendle {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <random>
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 #include "harness.h"
 
 namespace fendle {

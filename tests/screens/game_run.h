@@ -17,8 +17,8 @@
 #include <string>
 #include <vector>
 
-#include "board/fen1_form.h"
-#include "board/geometry.h"
+#include "screens/fen1_form.h"
+#include "engine/geometry.h"
 #include "engine/seeded_random.h"
 #include "engine/virtual_timers.h"
 #include "screens/game_screens.h"

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <set>
 
-#include "board/geometry.h"
+#include "engine/geometry.h"
 #include "engine/game_state.h"
 #include "tests/tools/game_folder.h"
 #include "tools/palette.h"

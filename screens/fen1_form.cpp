@@ -1,4 +1,4 @@
-#include "board/fen1_form.h"
+#include "screens/fen1_form.h"
 
 #include <QFontMetrics>
 

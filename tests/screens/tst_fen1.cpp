@@ -4,7 +4,7 @@
 #include <QWindow>
 #include <QtTest>
 
-#include "../screens/game_run.h"
+#include "game_run.h"
 
 using namespace fendle;
 

@@ -1,4 +1,4 @@
-#include "board/geometry.h"
+#include "engine/geometry.h"
 
 #include <algorithm>
 
