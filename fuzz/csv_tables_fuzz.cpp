@@ -1,4 +1,4 @@
-// The csv readers and the text binding on any bytes, given as all three csv
+// The csv readers and the text binding on any bytes, given as all four csv
 // files at once: a load either fails with a message naming its file or
 // fills the tables, and every screen's captions can then be built.
 #include <cstddef>
@@ -9,6 +9,7 @@
 
 #include "fuzz/fuzz_check.h"
 #include "text/binding.h"
+#include "text/messages.h"
 #include "text/text_tables.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -26,6 +27,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     fendle::LanguageTable names;
     if (!fendle::readlanguagenames(bytes, names, &error)) FUZZ_CHECK(error.find("languages.csv") != std::string::npos);
+
+    fendle::MessageTable messages;
+    if (!messages.read(bytes, &error)) FUZZ_CHECK(error.find("messages.csv") != std::string::npos);
+    for (const fendle::Message& m : fendle::allMessages()) FUZZ_CHECK(!messages.text(m, language, "x").empty());
 
     using fendle::binding::Screen;
     for (Screen s : {Screen::Titlefrm, Screen::Startplay2, Screen::Startautoplay2, Screen::fen1, Screen::highscores,

@@ -5,6 +5,7 @@
 
 #include "screens/grey.h"
 #include "screens/qt_ports.h"
+#include "text/file_io.h"
 
 namespace fendle {
 
@@ -25,6 +26,15 @@ void Module1::fitform(Form& frm) {
     frm.setClientSizeTwips(pageWidthTwips, pageHeightTwips);
     frm.centre();
     QGuiApplication::restoreOverrideCursor();
+}
+
+QString Module1::message(const Message& m, std::string_view arg) {
+    if (!messages_) {
+        messages_ = std::make_unique<MessageTable>();
+        // A missing or short file leaves the English built into the program.
+        messages_->read(readFileBytes(gamePath(messagesCsvFile)));
+    }
+    return QString::fromStdString(messages_->text(m, state.languagenumber, arg));
 }
 
 void Module1::endProgram() {

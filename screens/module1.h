@@ -13,6 +13,7 @@
 #include "engine/game_state.h"
 #include "engine/ports.h"
 #include "screens/form.h"
+#include "text/messages.h"
 
 namespace fendle {
 
@@ -43,6 +44,10 @@ public:
     // texttable and rulestable; empty until the title screen has read them.
     std::shared_ptr<TextTables> tables;
 
+    // One of the program's own messages in the current language, from
+    // text\messages.csv, which is read at the first use; "%1" becomes `arg`.
+    QString message(const Message& m, std::string_view arg = {});
+
     // The high-score table: rows 0 to 9 in use, row 10 never touched.
     std::array<std::string, 11> highnames{};
     std::array<i16, 11> highpoints{};
@@ -64,6 +69,7 @@ public:
 
 private:
     PortFactory ports_;
+    std::unique_ptr<MessageTable> messages_;
 
 public:
     // Last, so that the screens go before the ports they use. "Grey", the

@@ -4,6 +4,7 @@
 #include "text/binding.h"
 #include "text/file_io.h"
 #include "text/listinput.h"
+#include "text/messages.h"
 #include "text/text_tables.h"
 
 #include <gtest/gtest.h>
@@ -138,6 +139,25 @@ TEST_F(TextData, DefaultsWithoutTablesAreTheShippedEnglish) {
                      &ModuleTexts::drawtext, &ModuleTexts::doublefendletext, &ModuleTexts::gameovertext,
                      &ModuleTexts::solotimeouttext, &ModuleTexts::pointstext};
     for (const M m : all) EXPECT_EQ(texts.*m, defaults.*m);
+}
+
+TEST(MessagesData, EveryMessageIsInTheFileInSevenLanguagesWithItsArgument) {
+    const std::string bytes = dataFile(messagesCsvFile);
+    MessageTable table;
+    std::string error;
+    ASSERT_TRUE(table.read(bytes, &error)) << error;
+    // A key written twice would silently keep only its last line.
+    EXPECT_EQ(countFields(bytes), (1 + static_cast<int>(allMessages().size())) * (1 + csvColumns));
+    for (const Message& m : allMessages()) {
+        const auto row = table.row(m.key);
+        ASSERT_TRUE(row.has_value()) << m.key << " is missing from messages.csv";
+        EXPECT_EQ((*row)[0], m.english) << m.key;
+        const bool takesArgument = m.english.find("%1") != std::string_view::npos;
+        for (int lang = 0; lang < csvColumns; ++lang) {
+            EXPECT_FALSE((*row)[lang].empty()) << m.key << " in language " << lang;
+            EXPECT_EQ((*row)[lang].find("%1") != std::string::npos, takesArgument) << m.key << " in language " << lang;
+        }
+    }
 }
 
 }  // namespace

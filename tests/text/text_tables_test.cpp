@@ -1,4 +1,5 @@
 #include "text/text_tables.h"
+#include "text/messages.h"
 
 #include <gtest/gtest.h>
 
@@ -119,6 +120,34 @@ TEST(LanguageNames, HeadingThenFourteenRowsOfSeven) {
     EXPECT_NE(error.find("languages.csv"), std::string::npos);
     EXPECT_FALSE(readlanguagenames(std::nullopt, table, &error));
     EXPECT_NE(error.find("languages.csv"), std::string::npos);
+}
+
+TEST(Messages, TheLanguageThenTheFilesEnglishThenTheBuiltInEnglish) {
+    constexpr Message known{"known", "Built-in %1"};
+    constexpr Message absent{"absent", "Only built in"};
+    const std::string heading = "\"key\",\"en\",\"fr\",\"ge\",\"sp\",\"it\",\"du\",\"we\"\r\n";
+    MessageTable table;
+    ASSERT_TRUE(table.read(heading + "\"known\",\"File %1\",\"Fr %1\",\"\",\"Sp\",\"It\",\"Du\",\"We\"\r\n"));
+    struct Case { const Message& m; int lang; const char* want; };
+    const Case cases[] = {
+        {known, 1, "Fr x"},   {known, 3, "Sp"},     {known, 2, "File x"},   // empty cell: the file's English
+        {known, 9, "File x"}, {known, -1, "File x"}, {absent, 1, "Only built in"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(table.text(c.m, c.lang, "x"), c.want) << c.m.key << " " << c.lang;
+
+    // A file without its English cell, a missing file, a line cut short.
+    MessageTable noEnglish;
+    ASSERT_TRUE(noEnglish.read(heading + "\"known\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n"));
+    EXPECT_EQ(noEnglish.text(known, 4, "y"), "Built-in y");
+    MessageTable none;
+    EXPECT_FALSE(none.read(std::nullopt));
+    EXPECT_EQ(none.text(known, 0, "%1"), "Built-in %1");
+    MessageTable cut;
+    std::string error;
+    EXPECT_FALSE(cut.read(heading + "\"a\",\"A\",\"1\",\"2\",\"3\",\"4\",\"5\",\"6\"\r\n\"b\",\"B\"\r\n", &error));
+    EXPECT_NE(error.find("line 3"), std::string::npos) << error;
+    EXPECT_TRUE(cut.has("a"));
+    EXPECT_FALSE(cut.has("b"));
 }
 
 }  // namespace

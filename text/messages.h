@@ -1,0 +1,73 @@
+// The program's own words that the three tables of the screens do not hold:
+// what it tells the user when something could not be done, and the names by
+// which a screen reader announces each window. They live in
+// text\messages.csv, in the seven languages of the game: a heading line of
+// eight fields, then one line per message, its key and its seven texts.
+//
+// Each message is known to the code by a constant below, which also carries
+// its English text, so that a message can still be shown when the file is
+// missing or damaged. A text may hold "%1", which the caller fills in.
+#pragma once
+
+#include <array>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace fendle {
+
+inline constexpr std::string_view messagesCsvFile = "text\\messages.csv";
+
+struct Message {
+    std::string_view key;
+    std::string_view english;
+};
+
+namespace msg {
+
+// Told once when OK on the language screen cannot write numlang.txt.
+inline constexpr Message languageNotSaved{
+    "languageNotSaved", "Your choice of language could not be saved. Fendle! will use it until you close the game."};
+
+// Accessible names of the windows; their visible captions stay as designed.
+inline constexpr Message windowTitlefrm{"windowTitlefrm", "Fendle! \u2013 Start"};
+inline constexpr Message windowStartplay2{"windowStartplay2", "Fendle! \u2013 Set up the game"};
+inline constexpr Message windowStartautoplay2{"windowStartautoplay2", "Fendle! \u2013 Play against the computer"};
+inline constexpr Message windowFen1{"windowFen1", "Fendle! \u2013 Game board"};
+inline constexpr Message windowHighscores{"windowHighscores", "Fendle! \u2013 High scores"};
+inline constexpr Message windowLanguages{"windowLanguages", "Fendle! \u2013 Choose a language"};
+inline constexpr Message windowTeacherGuide{"windowTeacherGuide", "Fendle! \u2013 Teachers' Guide"};
+inline constexpr Message windowRules{"windowRules", "Fendle! \u2013 The rules, page %1 of 5"};
+inline constexpr Message windowGrey{"windowGrey", "Fendle!"};
+
+}  // namespace msg
+
+// Every message the program uses, in the order of the file.
+std::span<const Message> allMessages();
+
+class MessageTable {
+public:
+    // Reads messages.csv. A missing file, or one that ends inside a line,
+    // gives false; the lines read before stay. Keys the program does not know
+    // are kept too.
+    bool read(std::optional<std::string_view> bytes, std::string* error = nullptr);
+
+    // The message in language 0 to 6; where that text is empty or the
+    // language has none, the English of the file; where the file has no such
+    // line, the English built into the program. "%1" becomes `arg`.
+    std::string text(const Message& message, int languagenumber, std::string_view arg = {}) const;
+
+    bool has(std::string_view key) const { return rows_.find(key) != rows_.end(); }
+    // The seven texts of a key as the file holds them; nothing for a key it lacks.
+    std::optional<std::array<std::string, 7>> row(std::string_view key) const;
+
+private:
+    std::map<std::string, std::array<std::string, 7>, std::less<>> rows_;
+};
+
+// Puts `arg` in place of every "%1" of `text`.
+std::string fillArgument(std::string_view text, std::string_view arg);
+
+}  // namespace fendle
