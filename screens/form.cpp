@@ -28,6 +28,8 @@ Form::Form(Module1& module, std::string name)
 
 Form::~Form() = default;
 
+void Form::setWindowName(const Message& m, std::string_view arg) { setAccessibleName(module_.message(m, arg)); }
+
 void Form::closeRequested() { module_.screens.unload(name_); }
 
 void Form::closeEvent(QCloseEvent* e) {

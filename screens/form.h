@@ -21,6 +21,7 @@
 
 #include "engine/ports.h"
 #include "screens/formkit.h"
+#include "text/messages.h"
 
 namespace fendle {
 
@@ -71,6 +72,11 @@ public:
     QSizeF screenSizeTwips() const;
     // Centres the window on its screen at its present size.
     void centre();
+
+    // The name a screen reader announces for the window, in the current
+    // language ("Fendle! \u2013 Set up the game"); the visible caption stays
+    // as the screen was designed.
+    void setWindowName(const Message& m, std::string_view arg = {});
 
     // Back colour and a picture drawn at the top left of the client area.
     void setBackColor(Rgb colour);
