@@ -6,9 +6,11 @@
 #include "screens/fen1_form.h"
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
+#include "screens/languages_form.h"
 #include "screens/module1.h"
 #include "screens/startautoplay2.h"
 #include "screens/startplay2.h"
+#include "screens/teacherguide.h"
 #include "screens/titlefrm.h"
 #include "text/file_io.h"
 #include "text/text_tables.h"
@@ -31,6 +33,8 @@ void defineGameScreens(Module1& module) {
     screens.define<Startautoplay2>(Startautoplay2::formName);
     screens.define<Highscores>(Highscores::formName);
     screens.define<Fen1Form>(Fen1Form::formName);
+    screens.define<Languages>(Languages::formName);
+    screens.define<TeacherGuide>(TeacherGuide::formName);
     screens.onSavegame = [&module] { savegame(module); };
     screens.onCheckhighscore = [&module] { checkhighscore(module); };
 }

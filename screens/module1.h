@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,10 @@ public:
     std::array<std::string, 11> highnames{};
     std::array<i16, 11> highpoints{};
     i16 newhighrow = 0;   // 0: no name awaited; else the row awaiting one, plus 1
+
+    // A language chosen on the language screen that numlang.txt could not
+    // keep: it stands over what the file says until the program ends.
+    std::optional<i16> unsavedLanguage;
 
     // Gives a screen the page size of 12000 x 9000 twips (800 x 600 pixels)
     // and centres it on its screen, with the hourglass up meanwhile.

@@ -5,6 +5,7 @@
 #include "saved/lastgame.h"
 #include "screens/game_screens.h"
 #include "screens/grey.h"
+#include "screens/languages_form.h"
 #include "screens/module1.h"
 #include "screens/startplay2.h"
 #include "text/file_io.h"
@@ -84,7 +85,7 @@ void Titlefrm::Form_Load() {
     ModuleState& s = m.state;
     centre();
     s.soundon = 1;
-    readlanguagefile(readFileBytes(gamePath(numlangFile)), s.languagenumber, s.languagename);
+    readlanguagefile(m);
     // Language 0 has the English layout: the Teachers' Guide shows below a
     // shorter picture.
     applyLayoutByLanguage(*this, binding::Screen::Titlefrm);
@@ -102,7 +103,7 @@ void Titlefrm::Label5_Click() {
     ModuleState& s = m.state;
     s.restartgame = 0;
     s.boardowner.fill(0);
-    readlanguagefile(readFileBytes(gamePath(numlangFile)), s.languagenumber, s.languagename);
+    readlanguagefile(m);
     if (!loadtexttables()) return;
     s.greyback = 1;
     m.screens.show(Grey::formName);
