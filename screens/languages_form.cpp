@@ -107,7 +107,8 @@ void Languages::Form_Load() {
 }
 
 void Languages::showNames() {
-    const auto& names = languagetable_[static_cast<std::size_t>(std::clamp<int>(module().state.languagenumber, 0, tableLanguages - 1))];
+    const int language = std::clamp<int>(module().state.languagenumber, 0, tableLanguages - 1);
+    const auto& names = languagetable_[static_cast<std::size_t>(language)];
     for (int j = 0; j < options; ++j)
         control("Option1", j)->setCaption(std::string_view(names[static_cast<std::size_t>(j)]));
 }
