@@ -16,6 +16,8 @@
 #include <string>
 
 #include "screens/fen1_form.h"
+#include "screens/game_screens.h"
+#include "screens/languages_form.h"
 #include "screens/module1.h"
 
 namespace fendle {
@@ -105,6 +107,39 @@ void BM_WaitingForAClick(benchmark::State& state) {
     state.counters["resident_MB"] = double(residentKilobytes()) / 1024.0;
 }
 BENCHMARK(BM_WaitingForAClick)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+
+// The language screen: its load (the names read, the column placed) shown
+// and painted once, and a click on an option, which renames the fourteen
+// options, the notice and OK and repaints the screen.
+void BM_LanguagesLoad(benchmark::State& state) {
+    Module1 module;
+    defineGameScreens(module);
+    module.screens.form("Titlefrm");   // reads the tables
+    for (auto _ : state) {
+        module.screens.show(Languages::formName);
+        module.screens.form(Languages::formName)->repaint();
+        state.PauseTiming();
+        module.screens.unload(Languages::formName);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_LanguagesLoad)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_LanguageClick(benchmark::State& state) {
+    Module1 module;
+    defineGameScreens(module);
+    module.screens.form("Titlefrm");
+    module.screens.show(Languages::formName);
+    auto* f = module.screens.get<Languages>(Languages::formName);
+    int i = 0;
+    for (auto _ : state) {
+        i = (i + 1) % Languages::shownOptions;
+        f->get<kit::OptionButton>("Option1", i)->setValue(true);
+        f->repaint();
+    }
+}
+BENCHMARK(BM_LanguageClick)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 }  // namespace
 }  // namespace fendle
