@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 
+#include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
@@ -31,6 +32,7 @@ void defineGameScreens(Module1& module) {
     screens.define<Startautoplay2>(Startautoplay2::formName);
     screens.define<Highscores>(Highscores::formName);
     screens.define<Fen1Form>(Fen1Form::formName);
+    screens.define<Cheatchart>(Cheatchart::formName);
     screens.onSavegame = [&module] { savegame(module); };
     screens.onCheckhighscore = [&module] { checkhighscore(module); };
 }
