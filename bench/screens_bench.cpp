@@ -9,12 +9,14 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QTimer>
+#include <QWindow>
 
 #include <sys/resource.h>
 
 #include <fstream>
 #include <string>
 
+#include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
 #include "screens/game_screens.h"
 #include "screens/languages_form.h"
@@ -81,6 +83,50 @@ void BM_Fen1Load(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_Fen1Load)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Runs events until the window is on the screen, so that a paint is a real one.
+void waitUntilExposed(QWidget* w) {
+    QElapsedTimer waited;
+    waited.start();
+    while (!(w->windowHandle() && w->windowHandle()->isExposed()) && waited.elapsed() < 2000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
+
+// The Cheat Chart's opening as a player sees it: its 291 cells made from
+// their rows' first elements, the window mapped and painted once.
+void BM_CheatchartOpen(benchmark::State& state) {
+    Module1 module;
+    module.screens.define<Cheatchart>(Cheatchart::formName);
+    for (auto _ : state) {
+        module.screens.show(Cheatchart::formName);
+        Form* chart = module.screens.form(Cheatchart::formName);
+        waitUntilExposed(chart);
+        chart->repaint();
+        state.PauseTiming();
+        module.screens.unload(Cheatchart::formName);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_CheatchartOpen)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// One step of the chart's bar: the panel and the fixed column moved and the
+// window painted again.
+void BM_CheatchartStep(benchmark::State& state) {
+    Module1 module;
+    module.screens.define<Cheatchart>(Cheatchart::formName);
+    module.screens.show(Cheatchart::formName);
+    Form* chart = module.screens.form(Cheatchart::formName);
+    waitUntilExposed(chart);
+    auto* bar = chart->get<kit::HScrollBar>("HScroll1");
+    int v = 0;
+    for (auto _ : state) {
+        v = v == 100 ? 0 : v + 1;
+        bar->setValue(v);
+        chart->repaint();
+    }
+}
+BENCHMARK(BM_CheatchartStep)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // A board waiting for a click: CPU used per second of waiting, and the
 // resident memory of the process with a game on the screen.

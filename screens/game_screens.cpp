@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 
+#include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
@@ -35,6 +36,7 @@ void defineGameScreens(Module1& module) {
     screens.define<Fen1Form>(Fen1Form::formName);
     screens.define<Languages>(Languages::formName);
     screens.define<TeacherGuide>(TeacherGuide::formName);
+    screens.define<Cheatchart>(Cheatchart::formName);
     screens.onSavegame = [&module] { savegame(module); };
     screens.onCheckhighscore = [&module] { checkhighscore(module); };
 }

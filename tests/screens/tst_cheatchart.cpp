@@ -1,0 +1,278 @@
+// The Cheat Chart: its grid against the table of rows, the panel sliding
+// under the fixed column, the wheel and the keys, and the chart open beside
+// a game on the board.
+#include <QApplication>
+#include <QWheelEvent>
+#include <QtTest>
+
+#include "game_run.h"
+#include "screens/cheatchart.h"
+
+using namespace fendle;
+using testing::GameRun;
+
+namespace {
+
+// The grid as drawn: each array, the number of its row (0 for the column
+// heads), its last element and the element that holds 100 (0 for none).
+struct ChartRow {
+    const char* array;
+    int r;
+    int last;
+    int wide;
+};
+const ChartRow chart[] = {
+    {"Label2", 0, 50, 0},  {"Label3", 1, 50, 0},  {"Label4", 2, 50, 50},  {"Label5", 3, 33, 0},
+    {"Label6", 4, 25, 25}, {"Label7", 5, 20, 20}, {"Label8", 6, 16, 0},   {"Label9", 7, 14, 0},
+    {"Label10", 8, 12, 0}, {"Label11", 9, 11, 0}, {"Label12", 10, 10, 10},
+};
+
+const Rgb panelBlue{0, 0, 192};
+const Rgb fixedGrey{64, 64, 64};
+const Rgb oddGrey{224, 224, 224};
+const Rgb evenGrey{192, 192, 192};
+
+int px(double twips) { return kit::px(twips); }
+
+// Where cell j of a row stands on the form with the bar at its start: cells
+// are 345 wide with 30 between, from 120; the panel is 120 down.
+QRect cellOnForm(int r, int j, int width = 345) {
+    return {px(120 + j * (345 + 30)), px(120 + 360 * r), px(width), px(330)};
+}
+
+// The share of the pixels of `area` that have the colour `c`.
+double share(const QImage& image, QRect area, Rgb c) {
+    int hits = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) hits += image.pixelColor(x, y) == kit::toQColor(c);
+    return double(hits) / double(area.width() * area.height());
+}
+
+QPoint onForm(const Form* f, const kit::Control* c) { return c->widget()->mapTo(f, QPoint(0, 0)); }
+
+}  // namespace
+
+class TestCheatchart : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<GameRun> run;
+
+    Form* openChart() {
+        run.reset();   // the old run gives back the working folder first
+        run = std::make_unique<GameRun>();
+        run->module->screens.show("Cheatchart");
+        Form* f = run->screen("Cheatchart");
+        return f && QTest::qWaitForWindowExposed(f) ? f : nullptr;
+    }
+    QScrollBar* bar(Form* f) { return f->get<kit::HScrollBar>("HScroll1"); }
+    int panelX(Form* f) { return f->control("Frame2")->widget()->x(); }
+
+    // A board with clocks, as the set-up screens leave it.
+    Fen1Form* board(int nplayers, int seconds) {
+        run.reset();   // the old run gives back the working folder first
+        run = std::make_unique<GameRun>();
+        run->state().nplayers = static_cast<i16>(nplayers);
+        run->state().timeallowed = static_cast<i16>(seconds);
+        auto* f = run->module->screens.get<Fen1Form>(Fen1Form::formName);
+        f->game().showPlayers(nplayers);
+        f->sync();
+        run->module->screens.show(Fen1Form::formName);
+        return f;
+    }
+    int chartWindows() const {
+        int n = 0;
+        for (QWidget* w : QApplication::topLevelWidgets()) n += w->isVisible() && qobject_cast<Cheatchart*>(w);
+        return n;
+    }
+
+private slots:
+    void cleanup() { run.reset(); }
+
+    void everyCellHoldsItsProductUpTo100() {
+        Form* f = openChart();
+        QVERIFY(f && f->isVisible());
+        QCOMPARE(f->size(), QSize(px(8970), px(4590)));
+        QCOMPARE(f->windowTitle(), QString("Fendle! Cheat Chart"));
+        QCOMPARE(f->accessibleName(), QString("Fendle! Cheat Chart"));
+        QCOMPARE(f->pos().y(), 0);   // at the top, centred across the screen
+        QVERIFY(qAbs(f->frameGeometry().center().x() - f->screen()->availableGeometry().center().x()) <= 1);
+
+        for (const ChartRow& row : chart) {
+            for (int j = 0; j <= row.last; ++j) {
+                const kit::Control* c = f->control(row.array, j);
+                const QByteArray where = QByteArray(row.array) + "(" + QByteArray::number(j) + ")";
+                QVERIFY2(c && c->widget()->isVisible(), where);
+                const QString caption = j == 0 ? (row.r == 0 ? QString("x") : QString::number(row.r))
+                                               : QString::number(row.r == 0 ? j : row.r * j);
+                QCOMPARE(c->caption(), caption);
+                QCOMPARE(QRect(onForm(f, c), c->widget()->size()), cellOnForm(row.r, j, row.wide != 0 && j == row.wide ? 450 : 345));
+                const bool fixedLook = j == 0 || row.r == 0;
+                QCOMPARE(c->foreColor(), fixedLook ? colour::yellow : colour::blue);
+                QCOMPARE(c->backColor(), fixedLook ? fixedGrey : (j % 2 == 1 ? oddGrey : evenGrey));
+            }
+            QVERIFY2(!f->control(row.array, row.last + 1), row.array);
+        }
+
+        // Rendered: a short row ends in its last cell, and the panel shows past it.
+        const QImage image = f->grab().toImage();
+        const struct {
+            int r, j;
+            Rgb colour;
+            double atLeast;
+        } probes[] = {
+            {9, 11, oddGrey, 0.25},  {9, 12, panelBlue, 1.0}, {7, 14, evenGrey, 0.25},
+            {7, 15, panelBlue, 1.0}, {6, 17, panelBlue, 1.0}, {0, 3, fixedGrey, 0.25},
+        };
+        for (const auto& p : probes) {
+            const double s = share(image, cellOnForm(p.r, p.j), p.colour);
+            QVERIFY2(s >= p.atLeast, qPrintable(QString("row %1 column %2: %3").arg(p.r).arg(p.j).arg(s)));
+        }
+    }
+
+    void theRowNumbersStayWhileThePanelSlides() {
+        Form* f = openChart();
+        QVERIFY(f);
+        QScrollBar* b = bar(f);
+        // The chart opens at its start, which the bar's left end shows again.
+        QCOMPARE(b->value(), b->minimum());
+        QCOMPARE(panelX(f), 0);
+        b->setValue(5);
+        b->setValue(b->minimum());
+        QCOMPARE(panelX(f), 0);
+        QCOMPARE(b->maximum(), 100);
+
+        for (int v = b->minimum(); v <= b->maximum(); ++v) {
+            b->setValue(v);
+            QCOMPARE(panelX(f), px(-105 * v));
+            for (const ChartRow& row : chart) {
+                const kit::Control* first = f->control(row.array, 0);
+                QCOMPARE(onForm(f, first), QPoint(px(120), px(120 + 360 * row.r)));
+                // In front of the cells that pass under it.
+                QCOMPARE(f->childAt(onForm(f, first) + QPoint(px(345) / 2, px(330) / 2)), first->widget());
+            }
+        }
+        // At the end, column 50 stands 8370 from the form's edge, inside the window.
+        const kit::Control* last = f->control("Label2", 50);
+        QCOMPARE(onForm(f, last).x(), px(8370));
+        QVERIFY(onForm(f, last).x() + last->widget()->width() <= f->width());
+        // Cells that left the panel vanish behind the margin and the fixed column.
+        const QImage image = f->grab().toImage();
+        QCOMPARE(share(image, QRect(0, px(120), px(120), px(3975)), panelBlue), 1.0);
+        QVERIFY(share(image, cellOnForm(4, 0), fixedGrey) > 0.5);
+        // Row 4 ends at column 25, all of it now left of the fixed column.
+        QCOMPARE(share(image, QRect(px(120 + 345), px(120 + 360 * 4), f->width() - px(120 + 345), px(330)), panelBlue), 1.0);
+    }
+
+    void theWheelAndTheKeysTurnTheBar() {
+        Form* f = openChart();
+        QVERIFY(f);
+        QScrollBar* b = bar(f);
+
+        // Keys go where the window system sends them: to the focus, else the window.
+        const struct {
+            Qt::Key key;
+            int from, to;
+        } keys[] = {
+            {Qt::Key_Right, 0, 1},     {Qt::Key_Left, 0, 0},     {Qt::Key_Left, 40, 39},
+            {Qt::Key_PageDown, 0, 10}, {Qt::Key_End, 3, 100},    {Qt::Key_Home, 100, 0},
+        };
+        for (const auto& k : keys) {
+            b->setValue(k.from);
+            QTest::keyClick(f->focusWidget() ? f->focusWidget() : f, k.key);
+            QCOMPARE(b->value(), k.to);
+            QCOMPARE(panelX(f), px(-105 * k.to));
+        }
+
+        // One notch of the wheel, anywhere over the chart, as the window system
+        // delivers it: to the widget under the pointer, and up from there.
+        const int lines = QApplication::wheelScrollLines();
+        const QPoint heads(300, px(120) + 5), fixed(px(120) + 5, px(120 + 360 * 3) + 5);
+        const QPoint cell(300, px(120 + 360 * 6) + 5), pastRow9(500, px(120 + 360 * 9) + 5);
+        const QPoint margin(3, 100), onBar = f->control("HScroll1")->widget()->geometry().center() +
+                                             f->control("Frame1")->widget()->pos();
+        const struct {
+            const char* what;
+            QPoint at;
+            int angle, from, to;
+        } notches[] = {
+            {"down over a cell", cell, -120, 0, lines},
+            {"up over a cell", cell, 120, 50, 50 - lines},
+            {"down over a row number", fixed, -120, 20, 20 + lines},
+            {"down over the column heads", heads, -120, 20, 20 + lines},
+            {"down past the end of row 9", pastRow9, -120, 0, lines},
+            {"down over the margin", margin, -120, 0, lines},
+            {"down over the bar", onBar, -120, 0, lines},
+        };
+        for (const auto& n : notches) {
+            b->setValue(n.from);
+            QWheelEvent e(QPointF(n.at), QPointF(f->mapToGlobal(n.at)), QPoint(), QPoint(0, n.angle), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+            QSpontaneKeyEvent::setSpontaneous(&e);
+            qApp->notify(f->windowHandle(), &e);
+            QVERIFY2(b->value() == n.to, n.what);
+            QVERIFY2(panelX(f) == px(-105 * n.to), n.what);
+        }
+    }
+
+    void openBesideAGameThatGoesOn() {
+        Fen1Form* f = board(2, 100);
+        GameRun::press(f, "Label14");
+        Form* chart = run->screen("Cheatchart");
+        QVERIFY(chart && chart->isVisible());
+        QVERIFY(QTest::qWaitForWindowActive(chart));
+
+        // The board still takes clicks, and the clock runs on.
+        run->throwDice({1, 2, 3, 4});
+        const int before = GameRun::caption(f, "Label12", 0).toInt();
+        run->clock.advance(5000);
+        QCOMPARE(GameRun::caption(f, "Label12", 0).toInt(), before - 5);
+        run->clickHexagon(24);
+        QVERIFY(f->model().Image1[24].visible);
+        QCOMPARE(GameRun::caption(f, "Label6", 1), QString("20"));
+
+        // A second press brings the open chart forward, as it is.
+        bar(chart)->setValue(30);
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        GameRun::press(f, "Label14");
+        QVERIFY(QTest::qWaitForWindowActive(chart));
+        QCOMPARE(run->module->screens.loads("Cheatchart"), 1);
+        QCOMPARE(chartWindows(), 1);
+        QCOMPARE(bar(chart)->value(), 30);
+
+        // Leaving the board by either way closes the chart.
+        const struct {
+            int button;
+            const char* next;
+        } exits[] = {{button::exitGame, "Titlefrm"}, {button::newGame, "Startplay2"}};
+        for (const auto& e : exits) {
+            Fen1Form* b = board(1, 0);
+            GameRun::press(b, "Label14");
+            QVERIFY(run->loaded("Cheatchart"));
+            GameRun::press(b, "Label3", e.button);
+            QVERIFY2(!run->loaded("Cheatchart") && run->loaded(e.next), e.next);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(chartWindows(), 0);
+        }
+    }
+
+    void reopenedAfterClosingItStartsAtTheLeftInTheCurrentLanguage() {
+        Form* f = openChart();
+        QVERIFY(f);
+        bar(f)->setValue(70);
+        GameRun::closeByTitleBar(f);
+        QVERIFY(!run->loaded("Cheatchart"));
+        run->state().languagenumber = 2;
+        run->open();   // the title screen reads the tables
+        run->module->screens.show("Cheatchart");
+        f = run->screen("Cheatchart");
+        QVERIFY(f);
+        QCOMPARE(bar(f)->value(), 0);
+        QCOMPARE(panelX(f), 0);
+        QCOMPARE(f->windowTitle(), QString("Fendle! Spickzettel"));
+        QCOMPARE(f->accessibleName(), f->windowTitle());
+    }
+};
+
+QTEST_MAIN(TestCheatchart)
+#include "tst_cheatchart.moc"
