@@ -330,9 +330,33 @@ void Label::setFontSize(double points) {
     syncFace();
 }
 
+QSize Label::clearSize() const {
+    QSize clear = size();
+    const QWidget* parent = parentWidget();
+    if (!parent) return clear;
+    const QRect box = geometry();
+    for (const QObject* o : parent->children()) {
+        const auto* w = qobject_cast<const QWidget*>(o);
+        const auto* c = dynamic_cast<const Control*>(w);
+        if (!c || w == this || !isWindowed(c->kind()) || !w->isVisibleTo(parent)) continue;
+        const QRect r = w->geometry();
+        if (r.intersects(box) && r.top() > box.top()) clear.setHeight(std::min(clear.height(), r.top() - box.top()));
+    }
+    return clear;
+}
+
 void Label::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    face_.paint(p, rect(), isEnabled());
+    // Words that would run behind a box in front are fitted above it.
+    const QSize clear = clearSize();
+    if (clear == size()) {
+        face_.paint(p, rect(), isEnabled());
+        return;
+    }
+    if (!row_.transparent) p.fillRect(rect(), face_.back);
+    LabelFace above = face_;
+    above.transparent = true;
+    above.paint(p, QRect(QPoint(), clear), isEnabled());
 }
 
 void Label::mousePressEvent(QMouseEvent* e) {

@@ -236,7 +236,10 @@ public:
     void setBackColor(Rgb colour) override;
     void setFontSize(double points) override;
     // Pixel size of the font the caption is drawn with now.
-    int drawnPixelSize() const { return face_.fitted(size()).pixelSize(); }
+    int drawnPixelSize() const { return face_.fitted(clearSize()).pixelSize(); }
+    // The box less what a windowed control of the same container covers of
+    // it from below: the room where the words can be read.
+    QSize clearSize() const;
 
 protected:
     void paintEvent(QPaintEvent*) override;
