@@ -7,6 +7,7 @@
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
 #include "screens/module1.h"
+#include "screens/rulepages.h"
 #include "screens/startautoplay2.h"
 #include "screens/startplay2.h"
 #include "screens/titlefrm.h"
@@ -31,6 +32,7 @@ void defineGameScreens(Module1& module) {
     screens.define<Startautoplay2>(Startautoplay2::formName);
     screens.define<Highscores>(Highscores::formName);
     screens.define<Fen1Form>(Fen1Form::formName);
+    defineRulePages(screens);
     screens.onSavegame = [&module] { savegame(module); };
     screens.onCheckhighscore = [&module] { checkhighscore(module); };
 }
