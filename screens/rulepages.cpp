@@ -48,14 +48,9 @@ constexpr Row pageButton(int index, double left, double width, const char* capti
                .back = c::black, .align = Align::Centre, .border = true};
 }
 
-constexpr Row picture(int index, double left, double top, double width, double height, const char* file) {
-    return Row{.name = "Image1", .index = index, .kind = Kind::Image, .left = left, .top = top, .width = width,
-               .height = height, .picture = file, .stretch = true};
-}
-constexpr Row picture2(double left, double top, double width, double height, const char* file) {
-    Row r = picture(-1, left, top, width, height, file);
-    r.name = "Image2";
-    return r;
+constexpr Row picture(const char* name, double left, double top, double width, double height, const char* file) {
+    return Row{.name = name, .kind = Kind::Image, .left = left, .top = top, .width = width, .height = height,
+               .picture = file, .stretch = true};
 }
 
 constexpr const char* pageLines[rulePages] = {"Page 1 of 5", "Page 2 of 5", "Page 3 of 5", "Page 4 of 5",
@@ -84,7 +79,7 @@ const Row page1Rows[] = {
     text(9, 120, 5220, 8655, 1245, false, "Fendle! can be played against the clock. To play against the clock check the 'Timers On' checkbox. The default settings allow each player a total of 600 seconds to complete all their moves. By altering the value in the 'Set Total Time Allowed' box, this can be changed."),
     text(10, 120, 6480, 8655, 1485, false, "Fendle! can be played by one to four players. To begin the game click the button corresponding to the number of players. Players then take their turn in the following order: Blue, Red, Green, Yellow. Before proceeding with the game each player should choose their colour. If a series of games are played, players should change colours before each game."),
     text(11, 120, 7980, 8655, 1005, false, "If there is just one player, select button '1'. The player then has the option to play on their own, or to play against the computer. The computer always plays as the second player - Red. The player can choose the level of play for the computer."),
-    picture(1, 8940, 4560, 2835, 3525, "images\\start.jpg"),
+    picture("Image1", 8940, 4560, 2835, 3525, ""),   // the start picture of the set
 };
 
 // A die of the demonstration: a blue square with a black digit, disabled
@@ -123,7 +118,7 @@ constexpr Row zoneCell(int index, double left, double top, double width, const c
 
 const Row page3Rows[] = {
     // Behind the table of zones, whose rewards stand on its left margin.
-    picture(1, 5760, 4440, 5985, 3720, "images\\board.jpg"),
+    picture("Image1", 5760, 4440, 5985, 3720, "images\\board.jpg"),
     text(1, 120, 720, 3945, 285, true, "Selecting the number on the board"),
     text(2, 120, 1080, 11655, 645, false, "Having generated a number, whose hexagon is not already covered by a counter, the player clicks the corresponding number on the board. If the number has been calculated correctly it will be covered with a counter."),
     text(3, 120, 1680, 11655, 645, false, "If the player has made a mistake and selected a number that cannot be generated from the dice throw, the player scores no points and the turn passes to the next player."),
@@ -167,8 +162,8 @@ const Row page4Rows[] = {
     text(8, 120, 5640, 8055, 1005, false, "If a player clicks a prime number to complete a triangle of counters, the player scores a double Fendle! bonus of 200. This is in addition to the amount rewarded for that colour zone."),
     text(9, 120, 6600, 8055, 885, false, "For example, if Blue generates the prime number 17, completing a triangle of counters with 12 and 18, then Blue scores a turquoise-zone reward of 20, plus a double Fendle! bonus of 200, making a total of 220."),
     text(10, 120, 7680, 8055, 765, false, "A player will only receive one double Fendle! bonus in any turn, even if more than one triangle of counters is formed."),
-    picture(1, 9240, 960, 2490, 2820, "images\\fendle.jpg"),
-    picture2(8460, 5040, 3255, 2850, "images\\doublefendle.jpg"),
+    picture("Image1", 9240, 960, 2490, 2820, "images\\fendle.jpg"),
+    picture("Image2", 8460, 5040, 3255, 2850, "images\\doublefendle.jpg"),
 };
 
 // A white stretch of the sample path over the end picture.
@@ -191,7 +186,7 @@ const Row page5Rows[] = {
     text(11, 120, 7560, 11175, 405, false, "Fendle! was devised by the Fendle! Team."),
     text(12, 120, 7860, 11175, 405, false, "All rights reserved. Fendle! was formerly known as Numbrel."),
     text(13, 120, 8160, 11655, 645, false, "Fendle! is a trademark of the Fendle! Team. No patent is claimed for the game."),
-    picture(1, 5940, 3600, 5955, 3720, "images\\end.jpg"),
+    picture("Image1", 5940, 3600, 5955, 3720, "images\\end.jpg"),
     pathLine("Line1", 6150, 7050, 7170, 5280),
     pathLine("Line2", 7170, 5280, 7995, 5280),
     pathLine("Line3", 7995, 5280, 8610, 4200),
@@ -394,7 +389,7 @@ void RulePage::Form_Load() {
     setWindowName(msg::windowRules, std::to_string(page_));
     placeForSet();
     textshow(*this, screenOf(page_), set_);
-    if (page_ == 1) get<kit::Image>("Image1", 1)->setPicture(setLayouts[std::size_t(set_)].startPicture);
+    if (page_ == 1) get<kit::Image>("Image1")->setPicture(setLayouts[std::size_t(set_)].startPicture);
     flowText();
     control("Label3", nextButton)->widget()->setFocus(Qt::OtherFocusReason);
 }
@@ -443,7 +438,7 @@ void RulePage::placeForSet() {
         }
     }
     if (page_ == 5 && set_ == we) {
-        kit::Control* end = control("Image1", 1);
+        kit::Control* end = control("Image1");
         end->setTop(end->top() - wePage5Lift);
         for (const char* name : {"Line1", "Line2", "Line3", "Line4", "Line5", "Line6", "Line7"}) {
             auto* line = get<kit::Line>(name);
@@ -476,7 +471,7 @@ void RulePage::flowText() {
             cell->setWidth(std::max(cell->row().width, need));
         }
         // A heading that comes down beside the board stops short of it.
-        const kit::Control* board = control("Image1", 1);
+        const kit::Control* board = control("Image1");
         for (int k = 6; k <= 8; ++k) {
             kit::Control* h = control("Label1", k);
             const QFont font = kit::makeFont(Face::Arial, h->fontSize(), true);
