@@ -1,5 +1,5 @@
 if(FENDLE_GUI)
   add_executable(screens_bench ${CMAKE_CURRENT_SOURCE_DIR}/screens_bench.cpp)
-  target_link_libraries(screens_bench PRIVATE fendle_board_window benchmark::benchmark)
+  target_link_libraries(screens_bench PRIVATE fendle_game_screens benchmark::benchmark)
   target_compile_definitions(screens_bench PRIVATE FENDLE_GAME_DIR="${FENDLE_GAME_DIR}")
 endif()
