@@ -214,6 +214,11 @@ public:
 
     // The font the text is drawn with in a box of this size.
     const QFont& fitted(QSize box) const;
+    // Pixels the words stand below the top of a box of this size.
+    int lift(QSize box) const {
+        fitted(box);
+        return lift_;
+    }
     void paint(QPainter& p, QRect box, bool enabled) const;
     void invalidate() { cachedFor_ = QSize(); }
     // Takes the look of a control's row, at the given font and colours.
@@ -223,6 +228,7 @@ public:
 private:
     mutable QSize cachedFor_;
     mutable QFont fitted_;
+    mutable int lift_ = 0;
 };
 
 class Label : public QWidget, public Control {
