@@ -1,5 +1,6 @@
 #include "screens/rulepages.h"
 
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QTextLayout>
 
@@ -278,23 +279,12 @@ QString shown(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QChar::LineSeparator);
 }
 
-// Pixel height of a text wrapped at words in a box `width` pixels wide,
-// line by line as a label draws it.
+// Pixel height of a text wrapped at words in a box `width` pixels wide, as
+// a label paints it.
 int wrappedHeight(const QString& text, const QFont& font, int width) {
     if (text.isEmpty()) return 0;
-    QTextLayout layout(shown(text), font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WordWrap);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    qreal y = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        line.setPosition(QPointF(0, y));
-        y += line.height();
-    }
-    layout.endLayout();
-    return int(std::ceil(y - 0.01));
+    const QRectF used = QFontMetricsF(font).boundingRect(QRectF(0, 0, width, 1e6), Qt::TextWordWrap, text);
+    return int(std::ceil(used.height() - 0.01));
 }
 
 // Width in pixels of the widest line of a text, wrapped in `width` pixels.
@@ -330,7 +320,7 @@ double widthFor(const kit::Control& t, const QString& words, const QFont& font, 
     return std::max(drawn, double(widestLine(words, font, 100000) + 1) * kit::twipsPerPixel);
 }
 
-// Least room between two texts, one pixel more than a text's box needs.
+// Least room between two texts: their boxes may touch, not overlap.
 constexpr double minimumGap = 2 * kit::twipsPerPixel;
 // Room kept between a text and what stands beside or below it.
 constexpr double margin = 120;
@@ -569,7 +559,9 @@ bool RulePage::flowAt(int shrink) {
         // No wider than its longest line: the same lines, and a box that
         // says where the words are.
         else width = std::min(width, double(widestLine(t->caption(), font, kit::px(width)) + 1) * kit::twipsPerPixel);
-        t->place(p.left, top, width, height + kit::twipsPerPixel);
+        // A pixel of room above and below: accents and descenders may stand
+        // out of the lines a little.
+        t->place(p.left, top - kit::twipsPerPixel, width, height + 2 * kit::twipsPerPixel);
         t->setFontSize(double(font.pixelSize()) * 3 / 4);
         placed.push_back(boxOf(*t));
         bottoms.push_back(top + height);

@@ -12,8 +12,9 @@
 #pragma once
 
 #include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
 #include <QStyleOptionButton>
-#include <QTextLayout>
 
 #include <functional>
 #include <optional>
@@ -34,45 +35,71 @@ inline QString controlName(const kit::Control* c) {
     return n;
 }
 
-// The ink of a label's or a label-button's text, in the label's own pixels,
-// and the pixel size it is drawn at.
-inline QRectF labelInk(const kit::Control* c, int pixelSize) {
-    QWidget* w = c->widget();
-    const QString text = c->caption();
-    if (text.isEmpty()) return {};
-    QFont font = kit::makeFont(c->row().font, c->fontSize(), c->row().bold);
-    font.setPixelSize(pixelSize);
-    const int b = c->row().border ? kit::LabelFace::borderWidth : 0;
-    const QRectF inner = QRectF(w->rect()).adjusted(b, b, -b, -b);
-    QString shown = text;
-    shown.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QChar::LineSeparator);
-    QTextOption option(c->row().align == kit::Align::Centre ? Qt::AlignHCenter
-                       : c->row().align == kit::Align::Right ? Qt::AlignRight
-                                                            : Qt::AlignLeft);
-    option.setWrapMode(c->row().wordWrap ? QTextOption::WordWrap : QTextOption::NoWrap);
-    QTextLayout layout(shown, font);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    const QFontMetricsF metrics(font);
-    QRectF ink;
-    qreal y = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(inner.width());
-        line.setPosition(QPointF(0, y));
-        const QString part = shown.mid(line.textStart(), line.textLength()).trimmed();
-        if (!part.isEmpty()) {
-            const QRectF tight = metrics.tightBoundingRect(part);
-            const QRectF natural = line.naturalTextRect();
-            ink |= QRectF(inner.left() + natural.left() + tight.left(), inner.top() + y + line.ascent() + tight.top(),
-                          tight.width(), tight.height());
+// Where a picture of a label's words has ink: for a label on no background
+// the pixels it painted at all, for one on its back colour those that stand
+// out from it. A border's ring is not ink.
+inline QRect inkIn(const QImage& img, bool transparent, QColor back, int ring) {
+    int left = img.width(), top = img.height(), right = -1, bottom = -1;
+    for (int y = ring; y < img.height() - ring; ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(img.constScanLine(y));
+        for (int x = ring; x < img.width() - ring; ++x) {
+            const QRgb px = line[x];
+            const bool ink = transparent ? qAlpha(px) >= 96
+                                         : std::abs(qRed(px) - back.red()) + std::abs(qGreen(px) - back.green()) +
+                                                   std::abs(qBlue(px) - back.blue()) >= 160;
+            if (!ink) continue;
+            left = std::min(left, x), right = std::max(right, x);
+            top = std::min(top, y), bottom = std::max(bottom, y);
         }
-        y += line.height();
     }
-    layout.endLayout();
-    return ink;
+    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
 }
 
-inline constexpr qreal overhang = 1.25;   // pixels
+// A label's or a label-button's words: the ink it really paints, in its own
+// pixels, and whether that is all of them. All of them is the same words
+// painted at the same size on a sheet with room all round.
+struct Words {
+    QRect shown;
+    bool whole = true;
+};
+inline Words wordsOf(const kit::Control* c, int pixelSize) {
+    QWidget* w = c->widget();
+    QString text = c->caption();
+    if (text.isEmpty()) return {};
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    const bool clear = c->row().transparent;
+    const QColor back = kit::toQColor(c->backColor());
+    const int ring = c->row().border ? kit::LabelFace::borderWidth : 0;
+
+    QImage painted(w->size(), QImage::Format_ARGB32_Premultiplied);
+    painted.fill(clear ? QColor(Qt::transparent) : back);
+    w->render(&painted, QPoint(), QRegion(), QWidget::RenderFlags());
+    Words words{inkIn(painted, clear, back, ring)};
+
+    QFont font = kit::makeFont(c->row().font, c->fontSize(), c->row().bold);
+    font.setPixelSize(pixelSize);
+    const int width = w->width() - 2 * ring;
+    const int align = c->row().align == kit::Align::Centre  ? Qt::AlignHCenter
+                      : c->row().align == kit::Align::Right ? Qt::AlignRight
+                                                            : Qt::AlignLeft;
+    const int flags = align | Qt::AlignTop | (c->row().wordWrap ? Qt::TextWordWrap : 0);
+    const QRectF need = QFontMetricsF(font).boundingRect(QRectF(0, 0, width, 1e6), flags, text);
+    constexpr int room = 24;
+    QImage sheet(width + 2 * room, int(std::ceil(need.height())) + 2 * room, QImage::Format_ARGB32_Premultiplied);
+    sheet.fill(clear ? QColor(Qt::transparent) : back);
+    QPainter p(&sheet);
+    p.setFont(font);
+    p.setPen(w->isEnabled() ? kit::toQColor(c->foreColor()) : QColor(128, 128, 128));
+    p.drawText(QRect(room, room, width, sheet.height() - room), flags, text);
+    p.end();
+    const QRect all = inkIn(sheet, clear, back, 0);
+    words.whole = all.isEmpty() || (words.shown.width() >= all.width() && words.shown.height() >= all.height());
+    return words;
+}
+
+inline QString rectText(const QRectF& r) {
+    return QStringLiteral("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+}
 
 inline bool isPicture(kit::Kind k) { return k == kit::Kind::Image || k == kit::Kind::PictureBox; }
 inline bool isText(kit::Kind k) {
@@ -106,14 +133,14 @@ inline FitReport checkFit(Form& form, const OverPicture& allowed = {}) {
             const int design = kit::fontPixels(c->fontSize());
             const int drawn = c->kind() == kit::Kind::Label ? static_cast<kit::Label*>(c)->drawnPixelSize()
                                                              : static_cast<kit::Button*>(c)->drawnPixelSize();
-            ink = labelInk(c, drawn).translated(box.topLeft());
+            const Words words = wordsOf(c, drawn);
+            ink = QRectF(words.shown).translated(box.topLeft());
             if (!ink.isEmpty() && drawn < design)
                 report.shrunk << QStringLiteral("%1 %2 \"%3\" %4 -> %5 px")
                                      .arg(screen, name, c->caption().left(40)).arg(design).arg(drawn);
-            // Glyph outlines may stand out of their advance by a pixel, too
-            // little to be cut off.
-            if (!ink.isEmpty() && !box.adjusted(-overhang, -overhang, overhang, overhang).contains(ink))
-                report.faults << QStringLiteral("%1 %2 \"%3\" is cut at its edge").arg(screen, name, c->caption().left(40));
+            if (!words.whole)
+                report.faults << QStringLiteral("%1 %2 \"%3\" is cut at its edge (box %4, ink %5)")
+                                     .arg(screen, name, c->caption().left(40), rectText(box), rectText(ink));
         } else if (c->kind() == kit::Kind::CheckBox || c->kind() == kit::Kind::Option) {
             auto* b = static_cast<QAbstractButton*>(w);
             if (!b->text().isEmpty()) {
