@@ -471,18 +471,20 @@ void RulePage::flowText() {
             if (h->left() + words > board->left() - margin / 2) h->setLeft(board->left() - margin / 2 - words);
         }
     }
+    // Closer together first, smaller only when that is not enough.
     for (int shrink = 0; shrink <= mostShrink; ++shrink) {
         shrink_ = shrink;
-        if (flowAt(shrink)) return;
+        for (double gaps : {1.0, 0.5, 0.0})
+            if (flowAt(shrink, gaps)) return;
     }
 }
 
 // Lays the flowing texts down the page with their plain text `shrink`
-// pixels smaller: each keeps the gap the plain page has above it, to the
-// texts and to the fixed controls over it, and is narrowed where it would
+// pixels smaller: each keeps the gap the plain page has above it (`gaps` of
+// it between two texts), to the texts and to the fixed controls over it, and is narrowed where it would
 // run into something standing beside it. True when every text then stands
 // clear of the others, of the fixed controls and of the page's edge.
-bool RulePage::flowAt(int shrink) {
+bool RulePage::flowAt(int shrink, double gaps) {
     const std::vector<Row> rows = plainRows(page_);
     std::map<std::pair<std::string, int>, const Row*> plain;
     for (const Row& r : rows) plain[{r.name, r.index}] = &r;
@@ -528,11 +530,18 @@ bool RulePage::flowAt(int shrink) {
             const QString words = englishOf(texts[j]);
             const double english =
                 wrappedHeight(words, font, kit::px(widthFor(*texts[j], words, font, q.width))) * double(kit::twipsPerPixel);
-            atLeast(bottoms[j] + std::max(minimumGap, p.top - (q.top + english)));
+            atLeast(bottoms[j] + std::max(minimumGap, (p.top - (q.top + english)) * gaps));
         }
+        // A fixed control right above the text, with no other text between.
         for (const kit::Control* f : fixed) {
             const Box q = plainOf(f);
-            if (q.across(p) && q.bottom() <= p.top) atLeast(boxOf(*f).bottom() + (p.top - q.bottom()));
+            if (!q.across(p) || q.bottom() > p.top) continue;
+            bool between = false;
+            for (std::size_t j = 0; j < k; ++j) {
+                const Box o = plainOf(texts[j]);
+                between = between || (o.across(p) && o.top >= q.bottom() && o.top < p.top);
+            }
+            if (!between) atLeast(boxOf(*f).bottom() + (p.top - q.bottom()));
         }
 
         // Narrower where something stands beside the text.

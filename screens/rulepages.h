@@ -62,7 +62,7 @@ private:
     // Points of a flowing text of this page in this set, before any shrink.
     double textPoints(int index) const;
     void flowText();
-    bool flowAt(int shrink);
+    bool flowAt(int shrink, double gaps);
     void open(int page);
 
     int page_;
