@@ -523,9 +523,15 @@ bool RulePage::flowAt(int shrink, double gaps) {
             top = bound ? std::max(top, v) : v;
             bound = true;
         };
+        // The text right above, or those side by side right above.
+        double nearest = -1;
         for (std::size_t j = 0; j < k; ++j) {
             const Box q = plainOf(texts[j]);
-            if (!q.across(p) || q.top >= p.top) continue;
+            if (q.across(p) && q.top < p.top) nearest = std::max(nearest, q.top);
+        }
+        for (std::size_t j = 0; j < k; ++j) {
+            const Box q = plainOf(texts[j]);
+            if (!q.across(p) || q.top != nearest) continue;
             const QFont font = fontOf(texts[j], true);
             const QString words = englishOf(texts[j]);
             const double english =
