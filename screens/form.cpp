@@ -129,6 +129,12 @@ void ScreenRegistry::define(std::string name, Maker make) { makers_[std::move(na
 
 bool ScreenRegistry::isDefined(std::string_view name) const { return makers_.find(name) != makers_.end(); }
 
+std::vector<std::string> ScreenRegistry::names() const {
+    std::vector<std::string> all;
+    for (const auto& [name, make] : makers_) all.push_back(name);
+    return all;
+}
+
 Form* ScreenRegistry::form(std::string_view name) {
     if (const auto it = loaded_.find(name); it != loaded_.end()) return it->second;
     const auto maker = makers_.find(name);

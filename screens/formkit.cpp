@@ -141,29 +141,39 @@ const QFont& LabelFace::fitted(QSize box) const {
 
     QTextOption option(horizontal(align));
     option.setWrapMode(wrap ? QTextOption::WordWrap : QTextOption::NoWrap);
+    int down = 0;   // pixels the words stand below the top of the box
 
     // Lays the text out at a size; true when every line fits the width and
-    // the ink of the last line ends inside the height.
+    // the ink of the last line ends inside the height. Lines stand apart as
+    // the painter sets them: their height and the font's leading, rounded up
+    // to a whole pixel.
     auto fits = [&](const QFont& f) {
         if (shown.isEmpty()) return true;
         QTextLayout layout(shown, f);
         layout.setTextOption(option);
         layout.beginLayout();
+        const qreal leading = QFontMetricsF(f).leading();
         qreal y = 0;
         bool wide = false;
         QTextLine last;
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            if (last.isValid()) y = std::ceil(y + last.height() + leading);
             line.setLineWidth(inner.width());
             line.setPosition(QPointF(0, y));
             if (line.naturalTextWidth() > inner.width() + 0.01) wide = true;
-            y += line.height();
             last = line;
         }
         layout.endLayout();
         if (wide || !last.isValid()) return !wide;
+        const QFontMetricsF metrics(f);
+        // A capital with an accent may rise above the font's ascent: the
+        // words then stand lower, so that it is not cut at the top.
+        const QTextLine first = layout.lineAt(0);
+        const qreal rise = -(first.ascent() + metrics.tightBoundingRect(shown.mid(first.textStart(), first.textLength())).top());
+        down = rise > 0.01 ? int(std::ceil(rise)) : 0;
         const QString lastText = shown.mid(last.textStart(), last.textLength());
-        const qreal inkBelow = std::max<qreal>(0, QFontMetricsF(f).tightBoundingRect(lastText).bottom());
-        return last.y() + last.ascent() + inkBelow <= inner.height() + 0.01;
+        const qreal inkBelow = std::max<qreal>(0, metrics.tightBoundingRect(lastText).bottom());
+        return down + last.y() + last.ascent() + inkBelow <= inner.height() + 0.01;
     };
 
     QFont f = font;
@@ -172,7 +182,9 @@ const QFont& LabelFace::fitted(QSize box) const {
         --size;
         f.setPixelSize(size);
     }
+    if (size == smallestPixelSize) fits(f);
     fitted_ = f;
+    lift_ = down;
     cachedFor_ = box;
     return fitted_;
 }
@@ -181,7 +193,7 @@ void LabelFace::paint(QPainter& p, QRect box, bool enabled) const {
     if (!transparent) p.fillRect(box, back);
     if (border) paintSunkenEdge(p, box);
     if (text.isEmpty()) return;
-    const QRect inner = innerRect(box, border);
+    const QRect inner = innerRect(box, border).adjusted(0, lift(box.size()), 0, 0);
     p.setFont(fitted(box.size()));
     p.setPen(enabled ? fore : dimText);
     int flags = int(horizontal(align)) | Qt::AlignTop;
@@ -330,9 +342,33 @@ void Label::setFontSize(double points) {
     syncFace();
 }
 
+QSize Label::clearSize() const {
+    QSize clear = size();
+    const QWidget* parent = parentWidget();
+    if (!parent) return clear;
+    const QRect box = geometry();
+    for (const QObject* o : parent->children()) {
+        const auto* w = qobject_cast<const QWidget*>(o);
+        const auto* c = dynamic_cast<const Control*>(w);
+        if (!c || w == this || !isWindowed(c->kind()) || !w->isVisibleTo(parent)) continue;
+        const QRect r = w->geometry();
+        if (r.intersects(box) && r.top() > box.top()) clear.setHeight(std::min(clear.height(), r.top() - box.top()));
+    }
+    return clear;
+}
+
 void Label::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    face_.paint(p, rect(), isEnabled());
+    // Words that would run behind a box in front are fitted above it.
+    const QSize clear = clearSize();
+    if (clear == size()) {
+        face_.paint(p, rect(), isEnabled());
+        return;
+    }
+    if (!row_.transparent) p.fillRect(rect(), face_.back);
+    LabelFace above = face_;
+    above.transparent = true;
+    above.paint(p, QRect(QPoint(), clear), isEnabled());
 }
 
 void Label::mousePressEvent(QMouseEvent* e) {

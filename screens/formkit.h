@@ -214,6 +214,11 @@ public:
 
     // The font the text is drawn with in a box of this size.
     const QFont& fitted(QSize box) const;
+    // Pixels the words stand below the top of a box of this size.
+    int lift(QSize box) const {
+        fitted(box);
+        return lift_;
+    }
     void paint(QPainter& p, QRect box, bool enabled) const;
     void invalidate() { cachedFor_ = QSize(); }
     // Takes the look of a control's row, at the given font and colours.
@@ -223,6 +228,7 @@ public:
 private:
     mutable QSize cachedFor_;
     mutable QFont fitted_;
+    mutable int lift_ = 0;
 };
 
 class Label : public QWidget, public Control {
@@ -236,7 +242,10 @@ public:
     void setBackColor(Rgb colour) override;
     void setFontSize(double points) override;
     // Pixel size of the font the caption is drawn with now.
-    int drawnPixelSize() const { return face_.fitted(size()).pixelSize(); }
+    int drawnPixelSize() const { return face_.fitted(clearSize()).pixelSize(); }
+    // The box less what a windowed control of the same container covers of
+    // it from below: the room where the words can be read.
+    QSize clearSize() const;
 
 protected:
     void paintEvent(QPaintEvent*) override;

@@ -9,6 +9,7 @@
 #include "screens/highscores_form.h"
 #include "screens/languages_form.h"
 #include "screens/module1.h"
+#include "screens/rulepages.h"
 #include "screens/startautoplay2.h"
 #include "screens/startplay2.h"
 #include "screens/teacherguide.h"
@@ -37,6 +38,7 @@ void defineGameScreens(Module1& module) {
     screens.define<Languages>(Languages::formName);
     screens.define<TeacherGuide>(TeacherGuide::formName);
     screens.define<Cheatchart>(Cheatchart::formName);
+    defineRulePages(screens);
     screens.onSavegame = [&module] { savegame(module); };
     screens.onCheckhighscore = [&module] { checkhighscore(module); };
 }

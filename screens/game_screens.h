@@ -22,8 +22,8 @@ class Fen1Form;
 inline constexpr Rgb setupBlue{0, 0, 192};
 inline constexpr const char* notice = "Fendle! \u00A9 2026 The Fendle! Team. All rights reserved.";
 
-// Defines Titlefrm, Startplay2, Startautoplay2, highscores and fen1 in the
-// module's registry, and sets the board's hooks onSavegame (writes
+// Defines Titlefrm, Startplay2, Startautoplay2, highscores, fen1 and the
+// rule pages in the module's registry, and sets the board's hooks onSavegame (writes
 // lastgame.inf) and onCheckhighscore (the high-score check).
 void defineGameScreens(Module1& module);
 

@@ -20,10 +20,10 @@ void applyLayoutByLanguage(Form& form, binding::Screen screen) {
     }
 }
 
-void textshow(Form& form, binding::Screen screen) {
+void textshow(Form& form, binding::Screen screen, int ruleSet) {
     const Module1& m = form.module();
     if (!m.tables) return;
-    for (const binding::Caption& cap : binding::textshow(screen, m.state.languagenumber, *m.tables, m.state.texts))
+    for (const binding::Caption& cap : binding::textshow(screen, m.state.languagenumber, *m.tables, m.state.texts, ruleSet))
         if (kit::Control* c = form.control(cap.control, cap.index)) c->setCaption(std::string_view(cap.caption));
 }
 

@@ -40,7 +40,7 @@ QTimer* QtTimerBank::at(int timer) const {
 
 void QtTimerBank::setInterval(int timer, int ms) {
     // QTimer restarts an active timer on a new interval, as the port wants.
-    if (QTimer* t = at(timer)) t->setInterval(std::max(ms, 1));
+    if (QTimer* t = at(timer)) t->setInterval(std::max(ms, minimumInterval));
 }
 
 int QtTimerBank::interval(int timer) const {

@@ -23,9 +23,11 @@ namespace fendle {
 
 // The timers of one form, one QTimer per number. A new interval restarts a
 // running timer's count; starting a running timer changes nothing. An
-// interval below 1 ms counts as 1 ms.
+// interval below minimumInterval counts as minimumInterval: the dice's 5 ms
+// flicker would repaint far more often than any screen shows a frame.
 class QtTimerBank final : public TimerBank {
 public:
+    static constexpr int minimumInterval = 15;   // ms, about one frame at 60 Hz
     QtTimerBank();
     ~QtTimerBank() override;
     void bind(Handler handler) override { handler_ = std::move(handler); }

@@ -205,7 +205,10 @@ void Startplay2::Label3_Click(int Index) {
 
 void Startplay2::Label6_Click() {
     const int lang = module().state.languagenumber;
-    if (binding::ruleSetSuffix(lang)) module().screens.show(binding::ruleFormName(1, lang));
+    if (!binding::ruleSetSuffix(lang)) return;
+    // The rules start again at page 1, in one window.
+    for (int page = 2; page <= 5; ++page) module().screens.unload(binding::ruleFormName(page, lang));
+    module().screens.show(binding::ruleFormName(1, lang));
 }
 
 void Startplay2::Label8_Click() { module().screens.show(Highscores::formName); }
