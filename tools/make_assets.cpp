@@ -10,6 +10,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <functional>
 
 #include "engine/game_state.h"
 #include "tools/artwork.h"
@@ -27,7 +28,14 @@ struct Writer {
         if (!root.mkpath(folder)) ++failures;
         return root.filePath(folder + '/' + file);
     }
-    void picture(const QString& folder, const QString& file, const QImage& img) {
+    // A picture and its "@2x" twin (fendle3.bmp, fendle3@2x.bmp), drawn by
+    // the same code at twice the resolution, for screens at a larger scale.
+    void picture(const QString& folder, const QString& file, const std::function<QImage(int ratio)>& draw) {
+        const qsizetype dot = file.lastIndexOf(QLatin1Char('.'));
+        save(folder, file, draw(1));
+        save(folder, file.left(dot) + QStringLiteral("@2x") + file.mid(dot), draw(2));
+    }
+    void save(const QString& folder, const QString& file, const QImage& img) {
         const QString target = path(folder, file);
         const bool jpeg = file.endsWith(QLatin1String(".jpg"));
         // Fixed quality: the same picture gives the same bytes.
@@ -50,29 +58,35 @@ struct Writer {
 
 void writePictures(Writer& w) {
     using namespace fendle::art;
-    w.picture("Images", "fendle3.bmp", boardPicture());
-    w.picture("Images", "fendlemd.bmp", titlePicture());
-    w.picture("Images", "logo2.jpg", logoPicture());
+    w.picture("Images", "fendle3.bmp", [](int r) { return boardPicture(r); });
+    w.picture("Images", "fendlemd.bmp", [](int r) { return titlePicture(r); });
+    w.picture("Images", "logo2.jpg", [](int r) { return logoPicture(r); });
 
     for (std::size_t z = 0; z < zones.size(); ++z) {
         const QString zone = QString::fromLatin1(zones[z].prefix);
         const int zi = static_cast<int>(z);
-        w.picture("Balls", zone + "ball.bmp", ballPicture(zi));
+        w.picture("Balls", zone + "ball.bmp", [zi](int r) { return ballPicture(zi, r); });
         for (int digit = 1; digit <= 2; ++digit) {
             const bool prime = digit == 2;
             const QString tail = QString::number(digit) + ".bmp";
-            for (const PlayerInfo& pl : players)
-                w.picture("counters", zone + pl.prefix + tail, counterPicture(zi, qcolor(pl.face), prime));
-            w.picture("counters", zone + "wh" + tail, counterPicture(zi, Qt::white, prime));
+            for (const PlayerInfo& pl : players) {
+                const QColor face = qcolor(pl.face);
+                w.picture("counters", zone + pl.prefix + tail,
+                          [=](int r) { return counterPicture(zi, face, prime, r); });
+            }
+            w.picture("counters", zone + "wh" + tail,
+                      [=](int r) { return counterPicture(zi, Qt::white, prime, r); });
         }
     }
 
-    for (const StartPicture& s : startPictures)
-        w.picture("images", s.file, startPicture(QString::fromUtf8(s.phrase)));
-    w.picture("images", "board.jpg", boardViewPicture());
-    w.picture("images", "fendle.jpg", fendlePicture());
-    w.picture("images", "doublefendle.jpg", doubleFendlePicture());
-    w.picture("images", "end.jpg", endPicture());
+    for (const StartPicture& s : startPictures) {
+        const QString phrase = QString::fromUtf8(s.phrase);
+        w.picture("images", s.file, [&phrase](int r) { return startPicture(phrase, r); });
+    }
+    w.picture("images", "board.jpg", [](int r) { return boardViewPicture(r); });
+    w.picture("images", "fendle.jpg", [](int r) { return fendlePicture(r); });
+    w.picture("images", "doublefendle.jpg", [](int r) { return doubleFendlePicture(r); });
+    w.picture("images", "end.jpg", [](int r) { return endPicture(r); });
 }
 
 }  // namespace
