@@ -130,6 +130,12 @@ void ScreenRegistry::define(std::string name, Maker make) { makers_[std::move(na
 
 bool ScreenRegistry::isDefined(std::string_view name) const { return makers_.find(name) != makers_.end(); }
 
+std::vector<std::string> ScreenRegistry::names() const {
+    std::vector<std::string> out;
+    for (const auto& [name, make] : makers_) out.push_back(name);
+    return out;
+}
+
 Form* ScreenRegistry::form(std::string_view name) {
     if (const auto it = loaded_.find(name); it != loaded_.end()) return it->second;
     const auto maker = makers_.find(name);

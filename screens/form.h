@@ -123,6 +123,8 @@ public:
         define(std::move(name), [](Module1& m) { return std::make_unique<F>(m); });
     }
     bool isDefined(std::string_view name) const;
+    // Every screen defined, by name.
+    std::vector<std::string> names() const;
 
     // The screen, loaded at its first touch (null for a name never defined).
     // A load step that throws stops where it is; the screen stays loaded as
