@@ -6,8 +6,9 @@
 
 namespace fendle {
 
-// The id of the desktop entry, the metainfo file and the icon.
-inline constexpr const char* applicationId = "org.fendle.Fendle";
+// The id of the desktop entry, the metainfo file and the icon, as the build
+// names them.
+inline constexpr const char* applicationId = FENDLE_APP_ID;
 
 struct CommandLine {
     std::optional<double> scale;   // --scale

@@ -573,4 +573,42 @@ QImage endPicture(int ratio) {
     return img;
 }
 
+void drawIcon(QPainter& p, double size) {
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(size / 64.0, size / 64.0);
+    // The tile: the board's blue, lighter at the top, with a dark edge.
+    const QRectF tile(3, 3, 58, 58);
+    QLinearGradient blue(tile.topLeft(), tile.bottomLeft());
+    blue.setColorAt(0.0, QColor(110, 180, 245));
+    blue.setColorAt(1.0, QColor(28, 86, 160));
+    p.setPen(QPen(QColor(16, 48, 104), 2.0));
+    p.setBrush(blue);
+    p.drawRoundedRect(tile, 11, 11);
+    // Three hexagons that touch one another, at a scale where each is 12.5
+    // units from centre to corner.
+    const double s = 12.5 / hexRadius;
+    const double dx = hexApothem * s, dy = 1.5 * hexRadius * s;
+    const QPointF top(32, 20.5);
+    const std::array<QPointF, 3> at = {top, top + QPointF(-dx, dy), top + QPointF(dx, dy)};
+    const std::array<Rgb, 3> fills = {zoneColours[6], zoneColours[2], zoneColours[4]};
+    for (std::size_t i = 0; i < 3; ++i) drawCell(p, at[i], s, fills[i], false);
+    if (size >= 32) {
+        p.setPen(QPen(qcolor(pathEnd), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(Qt::NoBrush);
+        p.drawPolygon(QPolygonF({at[0], at[1], at[2]}));
+        const std::array<int, 3> who = {0, 1, 3};
+        for (std::size_t i = 0; i < 3; ++i) drawCounter(p, at[i], 7.2, player(who[i]), false);
+    }
+    p.restore();
+}
+
+QImage iconPicture(int size) {
+    QImage img(size, size, QImage::Format_ARGB32_Premultiplied);
+    img.fill(Qt::transparent);
+    QPainter p(&img);
+    drawIcon(p, size);
+    return img;
+}
+
 }  // namespace fendle::art

@@ -66,6 +66,15 @@ QImage fendlePicture(int ratio = 1);                                        // 1
 QImage doubleFendlePicture(int ratio = 1);                                  // 217 x 190
 QImage endPicture(int ratio = 1);                                           // 397 x 248
 
+// The program's icon, drawn in a square of `size` pixels on a clear ground:
+// a tile of the board's blue with a triangle of three hexagons, each with a
+// counter, as a bonus move makes it. Below 32 pixels the counters are left
+// out, so that the hexagons stay clear.
+void drawIcon(QPainter& p, double size);
+QImage iconPicture(int size);
+// The sizes of the icon theme the icon is written in, besides the scalable one.
+inline constexpr std::array<int, 9> iconSizes = {16, 22, 24, 32, 48, 64, 128, 256, 512};
+
 // Page 1 of each set of rules shows its own phrase.
 struct StartPicture {
     const char* file;

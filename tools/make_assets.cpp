@@ -1,12 +1,16 @@
 // Draws every picture and synthesises every sound of the game into a game
 // folder:  make_assets <folder>
+// or the program's icon into an icon theme's folder, at each size of the
+// theme and as SVG:  make_assets --icons <folder> <icon name>
 // Without a display it needs QT_QPA_PLATFORM=offscreen, which it sets itself
 // when the variable is unset.
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <QString>
+#include <QSvgGenerator>
 
 #include <cstdio>
 #include <exception>
@@ -89,13 +93,47 @@ void writePictures(Writer& w) {
     w.picture("images", "end.jpg", [](int r) { return endPicture(r); });
 }
 
+// <folder>/hicolor/<n>x<n>/apps/<name>.png for each size, and
+// <folder>/hicolor/scalable/apps/<name>.svg, from the same drawing.
+int writeIcons(const QString& folder, const QString& name) {
+    QDir root(folder);
+    int failures = 0;
+    for (int size : art::iconSizes) {
+        const QString dir = QStringLiteral("hicolor/%1x%1/apps").arg(size);
+        const QString target = root.filePath(dir + '/' + name + ".png");
+        if (!root.mkpath(dir) || !art::iconPicture(size).save(target, "PNG")) {
+            std::fprintf(stderr, "make_assets: cannot write %s\n", qPrintable(target));
+            ++failures;
+        }
+    }
+    const QString dir = QStringLiteral("hicolor/scalable/apps");
+    const QString target = root.filePath(dir + '/' + name + ".svg");
+    if (!root.mkpath(dir)) ++failures;
+    QSvgGenerator svg;
+    svg.setFileName(target);
+    svg.setSize(QSize(64, 64));
+    svg.setViewBox(QRect(0, 0, 64, 64));
+    svg.setTitle(QStringLiteral("Fendle!"));
+    svg.setDescription(QStringLiteral("The icon of Fendle!, a board game of mental arithmetic"));
+    QPainter p;
+    if (!p.begin(&svg)) {
+        std::fprintf(stderr, "make_assets: cannot write %s\n", qPrintable(target));
+        return 1;
+    }
+    art::drawIcon(p, 64);
+    p.end();
+    return failures == 0 ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    if (argc == 4 && QByteArrayView(argv[1]) == "--icons")
+        return writeIcons(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
     if (argc != 2) {
-        std::fprintf(stderr, "usage: make_assets <game folder>\n");
+        std::fprintf(stderr, "usage: make_assets <game folder>\n       make_assets --icons <folder> <icon name>\n");
         return 2;
     }
     Writer w{QDir(QString::fromLocal8Bit(argv[1]))};
