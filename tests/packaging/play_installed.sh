@@ -16,8 +16,16 @@ build=$1
 mode=$2
 prefix=/opt/fendle-test
 tmp=$(mktemp -d)
-trap 'rm -rf "$tmp"' EXIT
 root=$tmp/root
+# Ends the installed program if it is still running (found by the path of its
+# executable, so no other program is touched), and removes the folder.
+cleanup() {
+    for p in /proc/[0-9]*; do
+        [ "$(readlink "$p/exe" 2>/dev/null)" = "$root$prefix/bin/fendle" ] && kill "${p#/proc/}" 2>/dev/null
+    done
+    rm -rf "$tmp"
+}
+trap cleanup EXIT
 mkdir -p "$tmp/cwd" "$tmp/home/data"
 
 fail() {
@@ -46,11 +54,13 @@ if [ "$mode" = title ]; then
     QT_QPA_PLATFORM=offscreen FENDLE_EXIT_WHEN_SHOWN=1 timeout 60 "$root$prefix/bin/fendle" ||
         fail "the installed program did not reach its title screen"
 else
+    # The desktop's own platform, whatever the tests around ask for.
+    export QT_QPA_PLATFORM=xcb
     export PATH=$root$prefix/bin:$PATH
     export DESKTOP=$root$prefix/share/applications/org.fendle.Fendle.desktop
-    export SHOT=${FENDLE_SHOT:-}
+    export SHOT=${FENDLE_SHOT:-} LOG=$tmp/game.log
     timeout 120 xvfb-run -a -s "-screen 0 1280x1024x24" bash -euo pipefail -c '
-        dex "$DESKTOP"
+        dex "$DESKTOP" >"$LOG" 2>&1
         # The visible window of the game that is w x h pixels: "id x y".
         window() {
             for id in $(xdotool search --onlyvisible --class fendle 2>/dev/null); do
@@ -90,7 +100,7 @@ else
         at 2445 4085                     # Exit on the title screen
         for _ in $(seq 50); do xdotool search --class fendle >/dev/null 2>&1 || exit 0; sleep 0.2; done
         echo "the program did not end" >&2; exit 1
-    ' || fail "the game from the menu entry did not play through"
+    ' || { grep -v "audio device" "$tmp/game.log" >&2; fail "the game from the menu entry did not play through"; }
     lines=$(tr -cd '\n' <"$XDG_DATA_HOME/fendle/lastgame.inf" | wc -c)
     [ "$lines" -eq 215 ] || fail "lastgame.inf in the user's folder has $lines lines"
 fi
