@@ -96,6 +96,7 @@ void Form::setPicture(std::string_view file) {
 void Form::paintEvent(QPaintEvent*) {
     if (picture_.isNull()) return;
     QPainter p(this);
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
     p.drawPixmap(0, 0, picture_);
 }
 

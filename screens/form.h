@@ -82,6 +82,7 @@ public:
     void setBackColor(Rgb colour);
     Rgb backColor() const { return back_; }
     void setPicture(std::string_view file);
+    const QPixmap& picture() const { return picture_; }
 
     // The form's eleven timers. Started after unload, they do nothing.
     TimerBank& timers();

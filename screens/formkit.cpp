@@ -16,13 +16,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "text/file_io.h"
+
 namespace fendle {
 
-QString hostPath(std::string_view name) {
-    QString path = QString::fromUtf8(name.data(), qsizetype(name.size()));
-    path.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    return path;
-}
+QString hostPath(std::string_view name) { return QString::fromStdString(gamePath(name)); }
 
 namespace kit {
 
@@ -105,8 +103,9 @@ QFont makeFont(Face face, double points, bool bold) {
     return f;
 }
 
-QPixmap loadPicture(std::string_view file) {
-    const QString path = hostPath(file);
+namespace {
+
+QPixmap loadPictureFile(const QString& path, qreal ratio) {
     const QFileInfo info(path);
     if (!info.isFile()) return {};
     const QString key = QStringLiteral("fendle:%1:%2:%3")
@@ -116,8 +115,29 @@ QPixmap loadPicture(std::string_view file) {
     QPixmap pm;
     if (QPixmapCache::find(key, &pm)) return pm;
     if (!pm.load(path)) return {};
+    pm.setDevicePixelRatio(ratio);
     QPixmapCache::insert(key, pm);
     return pm;
+}
+
+}  // namespace
+
+QString twinPath(const QString& path) {
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
+    if (dot <= slash + 1) return path + QStringLiteral("@2x");
+    return path.left(dot) + QStringLiteral("@2x") + path.mid(dot);
+}
+
+QPixmap loadPicture(std::string_view file) {
+    const QString path = hostPath(file);
+    // On a screen at a larger scale, the twin drawn at twice the resolution
+    // shows at the same size, sharp.
+    if (qGuiApp && qGuiApp->devicePixelRatio() > 1.0) {
+        const QPixmap sharp = loadPictureFile(twinPath(path), 2.0);
+        if (!sharp.isNull()) return sharp;
+    }
+    return loadPictureFile(path, 1.0);
 }
 
 // ---------------------------------------------------------------- LabelFace
@@ -550,8 +570,10 @@ Image::Image(const Row& row, int index, Controls* owner, QWidget* parent)
 void Image::setPicture(std::string_view file) {
     file_ = file;
     pixmap_ = loadPicture(file);
-    if (!pixmap_.isNull() && !row_.stretch)
-        place(left(), top(), pixmap_.width() * twipsPerPixel, pixmap_.height() * twipsPerPixel);
+    if (!pixmap_.isNull() && !row_.stretch) {
+        const QSizeF size = pixmap_.deviceIndependentSize();
+        place(left(), top(), size.width() * twipsPerPixel, size.height() * twipsPerPixel);
+    }
     update();
 }
 
@@ -564,8 +586,9 @@ void Image::clearPicture() {
 void Image::paintEvent(QPaintEvent*) {
     if (pixmap_.isNull()) return;
     QPainter p(this);
+    // A picture whose pixels are not the screen's is resampled smoothly.
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
     if (row_.stretch) {
-        p.setRenderHint(QPainter::SmoothPixmapTransform);
         p.drawPixmap(rect(), pixmap_);
     } else {
         p.drawPixmap(0, 0, pixmap_);
@@ -609,6 +632,7 @@ void PictureBox::paintEvent(QPaintEvent*) {
     p.fillRect(rect(), toQColor(back_));
     const int b = row_.border ? LabelFace::borderWidth : 0;
     if (!pixmap_.isNull()) {
+        p.setRenderHint(QPainter::SmoothPixmapTransform);
         p.setClipRect(rect().adjusted(b, b, -b, -b));
         p.drawPixmap(b, b, pixmap_);
         p.setClipping(false);

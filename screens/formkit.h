@@ -24,7 +24,7 @@
 // light ones (label, button, image, line) of the same container.
 //
 // Files. Pictures are named as the game writes them ("counters\\blre2.bmp")
-// and found through hostPath(), relative to the working directory.
+// and found through hostPath(), in the game's data folder.
 #pragma once
 
 #include <QAbstractButton>
@@ -52,8 +52,8 @@ class QButtonGroup;
 
 namespace fendle {
 
-// "counters\\blre2.bmp" -> "counters/blre2.bmp": the game's backslashes
-// become slashes and the name stays relative to the working directory.
+// "counters\\blre2.bmp" -> "<data folder>/counters/blre2.bmp": the game's
+// backslashes become slashes, in the folder gamePath() resolves the name in.
 // Case is kept, so "Images\\" and "images\\" are two folders.
 QString hostPath(std::string_view name);
 
@@ -345,6 +345,7 @@ public:
     void clearPicture();
     const std::string& picture() const { return file_; }
     bool hasPicture() const { return !pixmap_.isNull(); }
+    const QPixmap& pixmap() const { return pixmap_; }
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -367,6 +368,7 @@ public:
     void setPicture(std::string_view file);
     const std::string& picture() const { return file_; }
     bool hasPicture() const { return !pixmap_.isNull(); }
+    const QPixmap& pixmap() const { return pixmap_; }
     void setBackColor(Rgb colour) override;
 
 protected:
@@ -482,8 +484,12 @@ private:
 };
 
 // A picture file by the game's name; a null pixmap when it cannot be read.
-// Pictures are cached by host path, size and time of change.
+// When the program runs at a scale above 1, the file's "@2x" twin is taken
+// where there is one, with a device pixel ratio of 2, so that it shows at the
+// same size. Pictures are cached by host path, size and time of change.
 QPixmap loadPicture(std::string_view file);
+// "Images/fendle3.bmp" -> "Images/fendle3@2x.bmp".
+QString twinPath(const QString& path);
 
 QColor toQColor(Rgb c);
 Rgb toRgb(const QColor& c);

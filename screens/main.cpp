@@ -1,8 +1,8 @@
-// Fendle!: the program. It runs in the folder of its executable, where its
-// texts, pictures and sounds lie and where it writes its own files, and
-// starts by opening the title screen.
+// Fendle!: the program. It answers its command line, picks the scale of its
+// windows, finds its data beside itself or under its prefix, and starts by
+// opening the title screen.
 #include <QApplication>
-#include <QDir>
+#include <QIcon>
 #include <QTimer>
 
 #include <cstdlib>
@@ -10,6 +10,8 @@
 #include "screens/formkit.h"
 #include "screens/game_screens.h"
 #include "screens/module1.h"
+#include "screens/scale.h"
+#include "screens/startup.h"
 #include "screens/titlefrm.h"
 
 namespace {
@@ -27,9 +29,14 @@ public:
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    fendle::CommandLine options;
+    if (const auto ended = fendle::readCommandLine(argc, argv, options)) return *ended;
+    fendle::prepareScale(options.scale, argc, argv);
+
     QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Fendle!"));
-    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    fendle::nameApplication();
+    QApplication::setWindowIcon(QIcon::fromTheme(QString::fromLatin1(fendle::applicationId)));
+    if (!fendle::findGameFolders()) return 1;
     // The program ends only by its own Exit buttons, never because a window
     // closed while the next one was opening.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,6 +1,7 @@
 #include "text/file_io.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -9,9 +10,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "text/game_paths.h"
+
 namespace fendle {
 
 std::string gamePath(std::string_view gameName, std::string_view folder) {
+    if (folder.empty()) {
+        const GameFolders& f = gameFolders();
+        folder = isUserFile(gameName) ? f.user : f.data;
+    }
     std::string path;
     if (!folder.empty()) {
         path = folder;
@@ -37,6 +44,24 @@ bool fail(std::string* error, const std::string& what) {
     return false;
 }
 
+// The user folder comes into being with the first file written into it, with
+// its parents, readable by its owner only.
+void makeUserFolderFor(const std::string& path) {
+    namespace fs = std::filesystem;
+    const std::string& user = gameFolders().user;
+    if (user.empty()) return;
+    const fs::path folder = fs::path(path).parent_path().lexically_normal();
+    if (folder != fs::path(user).lexically_normal()) return;
+    std::error_code ec;
+    if (fs::exists(folder, ec)) return;
+    const int errnoBefore = errno;
+    for (fs::path step; const fs::path& part : folder) {
+        step /= part;
+        if (::mkdir(step.c_str(), 0700) != 0 && errno != EEXIST) break;
+    }
+    errno = errnoBefore;
+}
+
 }  // namespace
 
 bool writeFileAtomic(const std::string& path, std::string_view bytes, std::string* error) {
@@ -44,6 +69,7 @@ bool writeFileAtomic(const std::string& path, std::string_view bytes, std::strin
     // leftover of the same name; the mode lets the umask decide, as for any
     // new file.
     static unsigned serial = 0;
+    makeUserFolderFor(path);
     std::string temp;
     int fd = -1;
     for (int attempt = 0; attempt < 100 && fd < 0; ++attempt) {

@@ -9,6 +9,7 @@ namespace {
 
 constexpr Message everyMessage[] = {
     msg::languageNotSaved,
+    msg::dataFolderMissing,
     msg::windowTitlefrm,
     msg::windowStartplay2,
     msg::windowStartautoplay2,

@@ -31,6 +31,12 @@ namespace msg {
 inline constexpr Message languageNotSaved{
     "languageNotSaved", "Your choice of language could not be saved. Fendle! will use it until you close the game."};
 
+// Told when the program finds no folder with its texts, pictures and sounds;
+// "%1" is the folders it looked in, each on a line of its own.
+inline constexpr Message dataFolderMissing{
+    "dataFolderMissing",
+    "Fendle! cannot start: its texts, pictures and sounds are missing. It looked for them in:%1"};
+
 // Accessible names of the windows; their visible captions stay as designed.
 inline constexpr Message windowTitlefrm{"windowTitlefrm", "Fendle! \u2013 Start"};
 inline constexpr Message windowStartplay2{"windowStartplay2", "Fendle! \u2013 Set up the game"};

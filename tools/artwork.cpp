@@ -121,6 +121,16 @@ View viewOn(double scale, QPointF boardPx, QPointF target) {
     return View{scale, target - boardPx * scale};
 }
 
+// A picture of w x h of its own pixels, with `ratio` x `ratio` stored pixels
+// to each: a painter on it works in the picture's own pixels.
+QImage canvas(int w, int h, int ratio) {
+    QImage img(w * ratio, h * ratio, QImage::Format_RGB32);
+    img.setDevicePixelRatio(ratio);
+    return img;
+}
+
+QRectF area(const QImage& img) { return QRectF(QPointF(), img.deviceIndependentSize()); }
+
 QPointF boardPixels(int n) {
     const geo::Point c = geo::hexCentre(n);
     return {c.x / twipsPerPixel, c.y / twipsPerPixel};
@@ -138,8 +148,8 @@ void numbersExcept(QPainter& p, const View& v, const std::vector<int>& covered) 
 }
 
 // Three counters on a triangle of neighbours, joined by thin gold lines.
-QImage trianglePicture(int w, int h, int a, int b, int c, std::array<int, 3> owners) {
-    QImage img(w, h, QImage::Format_RGB32);
+QImage trianglePicture(int w, int h, int a, int b, int c, std::array<int, 3> owners, int ratio) {
+    QImage img = canvas(w, h, ratio);
     img.fill(qcolor(background));
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
@@ -326,17 +336,17 @@ void drawDie(QPainter& p, QPointF centre, double size, double degrees, int value
     p.restore();
 }
 
-QImage boardPicture() {
-    QImage img(800, 600, QImage::Format_RGB32);
+QImage boardPicture(int ratio) {
+    QImage img = canvas(800, 600, ratio);
     img.fill(qcolor(background));
     QPainter p(&img);
     drawBoard(p, View{});
     return img;
 }
 
-QImage counterPicture(int zone, QColor counter, bool prime) {
+QImage counterPicture(int zone, QColor counter, bool prime, int ratio) {
     const Rgb fill = zoneColours.at(static_cast<std::size_t>(zone));
-    QImage img(32, 32, QImage::Format_RGB32);
+    QImage img = canvas(32, 32, ratio);
     img.fill(qcolor(fill));
     QPainter p(&img);
     // The hexagon around it as the board draws it, so the picture's edges
@@ -346,9 +356,9 @@ QImage counterPicture(int zone, QColor counter, bool prime) {
     return img;
 }
 
-QImage ballPicture(int zone) {
+QImage ballPicture(int zone, int ratio) {
     const QColor c = qcolor(zoneColours.at(static_cast<std::size_t>(zone)));
-    QImage img(56, 56, QImage::Format_RGB32);
+    QImage img = canvas(56, 56, ratio);
     img.fill(qcolor(background));
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
@@ -367,12 +377,12 @@ QImage ballPicture(int zone) {
     return img;
 }
 
-QImage titlePicture() {
-    QImage img(320, 240, QImage::Format_RGB32);
+QImage titlePicture(int ratio) {
+    QImage img = canvas(320, 240, ratio);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
-    sky(p, img.rect());
+    sky(p, area(img));
     // Rays from behind the title.
     const QPointF sun(160, 30);
     p.setPen(Qt::NoPen);
@@ -422,15 +432,15 @@ QImage titlePicture() {
     return img;
 }
 
-QImage logoPicture() {
-    QImage img(100, 139, QImage::Format_RGB32);
+QImage logoPicture(int ratio) {
+    QImage img = canvas(100, 139, ratio);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
     QLinearGradient bg(0, 0, 0, 139);
     bg.setColorAt(0.0, QColor(24, 40, 104));
     bg.setColorAt(1.0, QColor(10, 18, 56));
-    p.fillRect(img.rect(), bg);
+    p.fillRect(area(img), bg);
     p.setPen(QPen(qcolor(pathEnd), 2));
     p.setBrush(Qt::NoBrush);
     p.drawRoundedRect(QRectF(3, 3, 94, 133), 8, 8);
@@ -451,12 +461,12 @@ QImage logoPicture() {
     return img;
 }
 
-QImage startPicture(const QString& phrase) {
-    QImage img(189, 235, QImage::Format_RGB32);
+QImage startPicture(const QString& phrase, int ratio) {
+    QImage img = canvas(189, 235, ratio);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
-    sky(p, img.rect());
+    sky(p, area(img));
     // A rosette of seven hexagons round 24, with two counters on it.
     std::vector<int> rosette = geo::neighbours(24);
     rosette.push_back(24);
@@ -500,8 +510,8 @@ QImage startPicture(const QString& phrase) {
     return img;
 }
 
-QImage boardViewPicture() {
-    QImage img(399, 248, QImage::Format_RGB32);
+QImage boardViewPicture(int ratio) {
+    QImage img = canvas(399, 248, ratio);
     img.fill(qcolor(background));
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
@@ -519,9 +529,9 @@ QImage boardViewPicture() {
     return img;
 }
 
-QImage fendlePicture() { return trianglePicture(166, 188, 25, 32, 33, {1, 2, 0}); }
+QImage fendlePicture(int ratio) { return trianglePicture(166, 188, 25, 32, 33, {1, 2, 0}, ratio); }
 
-QImage doubleFendlePicture() { return trianglePicture(217, 190, 17, 12, 18, {0, 3, 1}); }
+QImage doubleFendlePicture(int ratio) { return trianglePicture(217, 190, 17, 12, 18, {0, 3, 1}, ratio); }
 
 std::vector<int> endPath() {
     std::vector<int> path{endCorners.front()};
@@ -543,8 +553,8 @@ std::vector<int> endPath() {
     return path;
 }
 
-QImage endPicture() {
-    QImage img(397, 248, QImage::Format_RGB32);
+QImage endPicture(int ratio) {
+    QImage img = canvas(397, 248, ratio);
     img.fill(qcolor(background));
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
@@ -560,6 +570,44 @@ QImage endPicture() {
     static constexpr int turns[] = {0, 1, 2, 3, 1, 0, 3, 2, 0, 2, 1, 3, 0, 1, 0, 2, 3, 1, 2, 0};
     for (std::size_t i = 0; i < path.size(); ++i) drawCounterAt(p, v, path[i], turns[i % 20]);
     for (auto [n, who] : others) drawCounterAt(p, v, n, who);
+    return img;
+}
+
+void drawIcon(QPainter& p, double size) {
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(size / 64.0, size / 64.0);
+    // The tile: the board's blue, lighter at the top, with a dark edge.
+    const QRectF tile(3, 3, 58, 58);
+    QLinearGradient blue(tile.topLeft(), tile.bottomLeft());
+    blue.setColorAt(0.0, QColor(110, 180, 245));
+    blue.setColorAt(1.0, QColor(28, 86, 160));
+    p.setPen(QPen(QColor(16, 48, 104), 2.0));
+    p.setBrush(blue);
+    p.drawRoundedRect(tile, 11, 11);
+    // Three hexagons that touch one another, at a scale where each is 12.5
+    // units from centre to corner.
+    const double s = 12.5 / hexRadius;
+    const double dx = hexApothem * s, dy = 1.5 * hexRadius * s;
+    const QPointF top(32, 20.5);
+    const std::array<QPointF, 3> at = {top, top + QPointF(-dx, dy), top + QPointF(dx, dy)};
+    const std::array<Rgb, 3> fills = {zoneColours[6], zoneColours[2], zoneColours[4]};
+    for (std::size_t i = 0; i < 3; ++i) drawCell(p, at[i], s, fills[i], false);
+    if (size >= 32) {
+        p.setPen(QPen(qcolor(pathEnd), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(Qt::NoBrush);
+        p.drawPolygon(QPolygonF({at[0], at[1], at[2]}));
+        const std::array<int, 3> who = {0, 1, 3};
+        for (std::size_t i = 0; i < 3; ++i) drawCounter(p, at[i], 7.2, player(who[i]), false);
+    }
+    p.restore();
+}
+
+QImage iconPicture(int size) {
+    QImage img(size, size, QImage::Format_ARGB32_Premultiplied);
+    img.fill(Qt::transparent);
+    QPainter p(&img);
+    drawIcon(p, size);
     return img;
 }
 

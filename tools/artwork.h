@@ -52,17 +52,28 @@ QFont tahomaFont(double pixels, bool bold = true);
 inline constexpr double counterRadius = 13.0;
 inline const QPointF counterCentre{(240.0 + 45.0) / 15.0, (192.0 + 90.0) / 15.0};
 
-// The pictures, each at the size its window shows it.
-QImage boardPicture();                                            // 800 x 600
-QImage counterPicture(int zone, QColor counter, bool prime);      // 32 x 32
-QImage ballPicture(int zone);                                     // 56 x 56
-QImage titlePicture();                                            // 320 x 240
-QImage logoPicture();                                             // 100 x 139
-QImage startPicture(const QString& phrase);                       // 189 x 235
-QImage boardViewPicture();                                        // 399 x 248
-QImage fendlePicture();                                           // 166 x 188
-QImage doubleFendlePicture();                                     // 217 x 190
-QImage endPicture();                                              // 397 x 248
+// The pictures, each at the size its window shows it. `ratio` draws the same
+// picture with that many pixels to each of its own, for screens at a larger
+// scale: 2 gives the "@2x" files.
+QImage boardPicture(int ratio = 1);                                         // 800 x 600
+QImage counterPicture(int zone, QColor counter, bool prime, int ratio = 1); // 32 x 32
+QImage ballPicture(int zone, int ratio = 1);                                // 56 x 56
+QImage titlePicture(int ratio = 1);                                         // 320 x 240
+QImage logoPicture(int ratio = 1);                                          // 100 x 139
+QImage startPicture(const QString& phrase, int ratio = 1);                  // 189 x 235
+QImage boardViewPicture(int ratio = 1);                                     // 399 x 248
+QImage fendlePicture(int ratio = 1);                                        // 166 x 188
+QImage doubleFendlePicture(int ratio = 1);                                  // 217 x 190
+QImage endPicture(int ratio = 1);                                           // 397 x 248
+
+// The program's icon, drawn in a square of `size` pixels on a clear ground:
+// a tile of the board's blue with a triangle of three hexagons, each with a
+// counter, as a bonus move makes it. Below 32 pixels the counters are left
+// out, so that the hexagons stay clear.
+void drawIcon(QPainter& p, double size);
+QImage iconPicture(int size);
+// The sizes of the icon theme the icon is written in, besides the scalable one.
+inline constexpr std::array<int, 9> iconSizes = {16, 22, 24, 32, 48, 64, 128, 256, 512};
 
 // Page 1 of each set of rules shows its own phrase.
 struct StartPicture {

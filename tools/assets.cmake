@@ -5,7 +5,7 @@ target_include_directories(fendle_artwork PUBLIC ${PROJECT_SOURCE_DIR})
 target_link_libraries(fendle_artwork PUBLIC Qt6::Gui fendle_engine)
 
 add_executable(make_assets make_assets.cpp)
-target_link_libraries(make_assets PRIVATE fendle_artwork)
+target_link_libraries(make_assets PRIVATE fendle_artwork Qt6::Svg)
 
 set(FENDLE_ASSETS_STAMP ${CMAKE_CURRENT_BINARY_DIR}/assets.stamp)
 add_custom_command(
@@ -16,3 +16,14 @@ add_custom_command(
   COMMENT "Drawing the pictures and synthesising the sounds into ${FENDLE_GAME_DIR}"
   VERBATIM)
 add_custom_target(fendle_assets ALL DEPENDS ${FENDLE_ASSETS_STAMP})
+
+# The program's icon in the hicolor theme, for installing.
+set(FENDLE_ICONS_STAMP ${CMAKE_CURRENT_BINARY_DIR}/icons.stamp)
+add_custom_command(
+  OUTPUT ${FENDLE_ICONS_STAMP}
+  COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen $<TARGET_FILE:make_assets> --icons ${FENDLE_ICONS_DIR} ${FENDLE_APP_ID}
+  COMMAND ${CMAKE_COMMAND} -E touch ${FENDLE_ICONS_STAMP}
+  DEPENDS make_assets
+  COMMENT "Drawing the icon into ${FENDLE_ICONS_DIR}"
+  VERBATIM)
+add_custom_target(fendle_icons ALL DEPENDS ${FENDLE_ICONS_STAMP})

@@ -1,15 +1,20 @@
 // Draws every picture and synthesises every sound of the game into a game
 // folder:  make_assets <folder>
+// or the program's icon into an icon theme's folder, at each size of the
+// theme and as SVG:  make_assets --icons <folder> <icon name>
 // Without a display it needs QT_QPA_PLATFORM=offscreen, which it sets itself
 // when the variable is unset.
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <QString>
+#include <QSvgGenerator>
 
 #include <cstdio>
 #include <exception>
+#include <functional>
 
 #include "engine/game_state.h"
 #include "tools/artwork.h"
@@ -27,7 +32,14 @@ struct Writer {
         if (!root.mkpath(folder)) ++failures;
         return root.filePath(folder + '/' + file);
     }
-    void picture(const QString& folder, const QString& file, const QImage& img) {
+    // A picture and its "@2x" twin (fendle3.bmp, fendle3@2x.bmp), drawn by
+    // the same code at twice the resolution, for screens at a larger scale.
+    void picture(const QString& folder, const QString& file, const std::function<QImage(int ratio)>& draw) {
+        const qsizetype dot = file.lastIndexOf(QLatin1Char('.'));
+        save(folder, file, draw(1));
+        save(folder, file.left(dot) + QStringLiteral("@2x") + file.mid(dot), draw(2));
+    }
+    void save(const QString& folder, const QString& file, const QImage& img) {
         const QString target = path(folder, file);
         const bool jpeg = file.endsWith(QLatin1String(".jpg"));
         // Fixed quality: the same picture gives the same bytes.
@@ -50,29 +62,67 @@ struct Writer {
 
 void writePictures(Writer& w) {
     using namespace fendle::art;
-    w.picture("Images", "fendle3.bmp", boardPicture());
-    w.picture("Images", "fendlemd.bmp", titlePicture());
-    w.picture("Images", "logo2.jpg", logoPicture());
+    w.picture("Images", "fendle3.bmp", [](int r) { return boardPicture(r); });
+    w.picture("Images", "fendlemd.bmp", [](int r) { return titlePicture(r); });
+    w.picture("Images", "logo2.jpg", [](int r) { return logoPicture(r); });
 
     for (std::size_t z = 0; z < zones.size(); ++z) {
         const QString zone = QString::fromLatin1(zones[z].prefix);
         const int zi = static_cast<int>(z);
-        w.picture("Balls", zone + "ball.bmp", ballPicture(zi));
+        w.picture("Balls", zone + "ball.bmp", [zi](int r) { return ballPicture(zi, r); });
         for (int digit = 1; digit <= 2; ++digit) {
             const bool prime = digit == 2;
             const QString tail = QString::number(digit) + ".bmp";
-            for (const PlayerInfo& pl : players)
-                w.picture("counters", zone + pl.prefix + tail, counterPicture(zi, qcolor(pl.face), prime));
-            w.picture("counters", zone + "wh" + tail, counterPicture(zi, Qt::white, prime));
+            for (const PlayerInfo& pl : players) {
+                const QColor face = qcolor(pl.face);
+                w.picture("counters", zone + pl.prefix + tail,
+                          [=](int r) { return counterPicture(zi, face, prime, r); });
+            }
+            w.picture("counters", zone + "wh" + tail,
+                      [=](int r) { return counterPicture(zi, Qt::white, prime, r); });
         }
     }
 
-    for (const StartPicture& s : startPictures)
-        w.picture("images", s.file, startPicture(QString::fromUtf8(s.phrase)));
-    w.picture("images", "board.jpg", boardViewPicture());
-    w.picture("images", "fendle.jpg", fendlePicture());
-    w.picture("images", "doublefendle.jpg", doubleFendlePicture());
-    w.picture("images", "end.jpg", endPicture());
+    for (const StartPicture& s : startPictures) {
+        const QString phrase = QString::fromUtf8(s.phrase);
+        w.picture("images", s.file, [&phrase](int r) { return startPicture(phrase, r); });
+    }
+    w.picture("images", "board.jpg", [](int r) { return boardViewPicture(r); });
+    w.picture("images", "fendle.jpg", [](int r) { return fendlePicture(r); });
+    w.picture("images", "doublefendle.jpg", [](int r) { return doubleFendlePicture(r); });
+    w.picture("images", "end.jpg", [](int r) { return endPicture(r); });
+}
+
+// <folder>/hicolor/<n>x<n>/apps/<name>.png for each size, and
+// <folder>/hicolor/scalable/apps/<name>.svg, from the same drawing.
+int writeIcons(const QString& folder, const QString& name) {
+    QDir root(folder);
+    int failures = 0;
+    for (int size : art::iconSizes) {
+        const QString dir = QStringLiteral("hicolor/%1x%1/apps").arg(size);
+        const QString target = root.filePath(dir + '/' + name + ".png");
+        if (!root.mkpath(dir) || !art::iconPicture(size).save(target, "PNG")) {
+            std::fprintf(stderr, "make_assets: cannot write %s\n", qPrintable(target));
+            ++failures;
+        }
+    }
+    const QString dir = QStringLiteral("hicolor/scalable/apps");
+    const QString target = root.filePath(dir + '/' + name + ".svg");
+    if (!root.mkpath(dir)) ++failures;
+    QSvgGenerator svg;
+    svg.setFileName(target);
+    svg.setSize(QSize(64, 64));
+    svg.setViewBox(QRect(0, 0, 64, 64));
+    svg.setTitle(QStringLiteral("Fendle!"));
+    svg.setDescription(QStringLiteral("The icon of Fendle!, a board game of mental arithmetic"));
+    QPainter p;
+    if (!p.begin(&svg)) {
+        std::fprintf(stderr, "make_assets: cannot write %s\n", qPrintable(target));
+        return 1;
+    }
+    art::drawIcon(p, 64);
+    p.end();
+    return failures == 0 ? 0 : 1;
 }
 
 }  // namespace
@@ -80,8 +130,10 @@ void writePictures(Writer& w) {
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    if (argc == 4 && QByteArrayView(argv[1]) == "--icons")
+        return writeIcons(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
     if (argc != 2) {
-        std::fprintf(stderr, "usage: make_assets <game folder>\n");
+        std::fprintf(stderr, "usage: make_assets <game folder>\n       make_assets --icons <folder> <icon name>\n");
         return 2;
     }
     Writer w{QDir(QString::fromLocal8Bit(argv[1]))};

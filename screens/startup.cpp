@@ -1,0 +1,128 @@
+#include "screens/startup.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QStandardPaths>
+
+#include <cstdio>
+#include <string>
+
+#include "screens/game_screens.h"
+#include "screens/scale.h"
+#include "text/file_io.h"
+#include "text/game_paths.h"
+#include "text/messages.h"
+#include "text/text_tables.h"
+
+#ifndef FENDLE_VERSION
+#define FENDLE_VERSION "0"
+#endif
+
+namespace fendle {
+
+void nameApplication() {
+    QCoreApplication::setApplicationName(QStringLiteral("fendle"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(FENDLE_VERSION));
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
+        QGuiApplication::setApplicationDisplayName(QStringLiteral("Fendle!"));
+        QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
+    }
+}
+
+std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
+    QCoreApplication core(argc, argv);
+    nameApplication();
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Fendle! is a board game of mental arithmetic for one to four players: throw four dice, make a whole\n"
+        "number from them with + - x / and claim it on a board of 100 hexagons."));
+    // Qt's own options are written with one dash ("-platform offscreen").
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    const QCommandLineOption scale(
+        QStringLiteral("scale"),
+        QStringLiteral("Shows every window <scale> times its size: 1 gives the board its 800 x 600 pixels. "
+                       "Without it the board fills the screen. FENDLE_SCALE in the environment does the same."),
+        QStringLiteral("scale"));
+    parser.addOption(scale);
+    // The options the application object takes for itself, accepted here and
+    // left to it.
+    for (const char* name : {"platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry",
+                             "qwindowtitle", "qwindowicon", "display", "geometry", "style", "stylesheet", "session"}) {
+        QCommandLineOption qt(QString::fromLatin1(name), QString(), QStringLiteral("value"));
+        qt.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser.addOption(qt);
+    }
+    for (const char* name : {"reverse", "widgetcount", "nograb", "dograb", "sync"}) {
+        QCommandLineOption qt(QString::fromLatin1(name));
+        qt.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser.addOption(qt);
+    }
+
+    // The usage names the program as it is known on the menu and in $PATH,
+    // not by the path it was started from.
+    const auto helpText = [&parser] {
+        QString text = parser.helpText();
+        text.replace(QCoreApplication::arguments().constFirst() + QStringLiteral(" [options]"),
+                     QStringLiteral("fendle [options]"));
+        return text;
+    };
+    const auto usage = [&helpText](const QString& why) {
+        std::fprintf(stderr, "fendle: %s\n\n%s", qPrintable(why), qPrintable(helpText()));
+        return 2;
+    };
+    if (!parser.parse(QCoreApplication::arguments())) return usage(parser.errorText());
+    if (parser.isSet(help)) {
+        std::fputs(qPrintable(helpText()), stdout);
+        return 0;
+    }
+    if (parser.isSet(version)) {
+        std::printf("fendle %s\n", FENDLE_VERSION);
+        return 0;
+    }
+    if (!parser.positionalArguments().isEmpty())
+        return usage(QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    if (parser.isSet(scale)) {
+        out.scale = parseScale(parser.value(scale));
+        if (!out.scale)
+            return usage(QStringLiteral("--scale takes a number from %1 to %2, such as 1.5")
+                             .arg(smallestScale)
+                             .arg(largestScale));
+    }
+    return std::nullopt;
+}
+
+namespace {
+
+// The message in the language of numlang.txt when a table of messages can be
+// read in one of the folders looked in; else in English.
+QString missingDataMessage(const FolderChoice& choice, const std::string& userFolder) {
+    std::string folders;
+    for (const std::string& f : choice.looked) folders += "\n" + f;
+    MessageTable table;
+    for (const std::string& f : choice.looked)
+        if (table.read(readFileBytes(gamePath(messagesCsvFile, f)))) break;
+    std::int16_t language = 0;
+    std::string name;
+    readlanguagefile(readFileBytes(gamePath(numlangFile, userFolder)), language, name);
+    return QString::fromStdString(table.text(msg::dataFolderMissing, language, folders));
+}
+
+}  // namespace
+
+bool findGameFolders() {
+    const std::string user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
+    const FolderChoice choice = chooseGameFolders(QCoreApplication::applicationDirPath().toStdString(), user);
+    if (!choice.folders) {
+        tellUser(missingDataMessage(choice, user));
+        return false;
+    }
+    useGameFolders(*choice.folders);
+    return true;
+}
+
+}  // namespace fendle

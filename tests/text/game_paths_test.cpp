@@ -1,0 +1,100 @@
+#include "text/game_paths.h"
+#include "text/file_io.h"
+#include "text/text_tables.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace fendle {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct TempTree {
+    fs::path root = fs::temp_directory_path() / ("fendle_paths_" + std::to_string(::getpid()));
+    TempTree() {
+        fs::remove_all(root);
+        fs::create_directories(root);
+    }
+    ~TempTree() {
+        useGameFolders({});
+        fs::remove_all(root);
+    }
+    std::string at(const std::string& rel) const { return (root / rel).lexically_normal().string(); }
+    void dataIn(const std::string& rel) const {
+        fs::create_directories(root / rel / "text");
+        std::ofstream(root / rel / "text" / "text.csv") << "x";
+    }
+};
+
+TEST(GamePaths, TheDataIsFoundBesideTheProgramOrUnderItsPrefix) {
+    struct Case {
+        const char* what;
+        std::vector<std::string> data;   // folders under the tree that hold the game's data
+        std::string program;             // the program's folder
+        std::string wantData, wantUser;  // empty: no folders
+        std::vector<std::string> looked;
+    };
+    const std::string user = "home/.local/share/fendle";
+    const Case cases[] = {
+        {"build tree: data and writes beside the program", {"build/game"}, "build/game", "build/game", "build/game",
+         {"build/game"}},
+        {"installed: data under the prefix, writes in the user folder", {"usr/share/fendle"}, "usr/bin",
+         "usr/share/fendle", user, {"usr/bin", "usr/share/fendle"}},
+        {"installed under another prefix", {"opt/games/share/fendle"}, "opt/games/bin", "opt/games/share/fendle", user,
+         {"opt/games/bin", "opt/games/share/fendle"}},
+        {"a game folder beside the program wins over the prefix", {"p/bin", "p/share/fendle"}, "p/bin", "p/bin", "p/bin",
+         {"p/bin"}},
+        {"no data anywhere", {"elsewhere/share/fendle"}, "usr/bin", "", "", {"usr/bin", "usr/share/fendle"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        TempTree tree;
+        for (const std::string& d : c.data) tree.dataIn(d);
+        fs::create_directories(tree.at(c.program));
+        // A program started through a path with "." and ".." in it.
+        const FolderChoice got = chooseGameFolders(tree.at(c.program) + "/./", tree.at(user));
+        ASSERT_EQ(got.folders.has_value(), !c.wantData.empty());
+        if (got.folders) {
+            EXPECT_EQ(got.folders->data, tree.at(c.wantData));
+            EXPECT_EQ(got.folders->user, tree.at(c.wantUser));
+        }
+        std::vector<std::string> looked;
+        for (const std::string& l : c.looked) looked.push_back(tree.at(l));
+        EXPECT_EQ(got.looked, looked);
+    }
+}
+
+TEST(GamePaths, OwnFilesGoToTheUserFolderWhichTheFirstWriteMakes) {
+    TempTree tree;
+    tree.dataIn("share/fendle");
+    const std::string user = tree.at("home/.local/share/fendle");
+    useGameFolders({tree.at("share/fendle"), user});
+
+    EXPECT_EQ(gamePath("text\\text.csv"), tree.at("share/fendle/text/text.csv"));
+    EXPECT_EQ(gamePath("counters\\blre2.bmp"), tree.at("share/fendle/counters/blre2.bmp"));
+    for (std::string_view own : {numlangFile, std::string_view("lastgame.inf"), std::string_view("highscores.txt")})
+        EXPECT_EQ(gamePath(own), user + "/" + std::string(own));
+    EXPECT_EQ(gamePath("lastgame.inf", "/elsewhere"), "/elsewhere/lastgame.inf");
+
+    ASSERT_FALSE(fs::exists(tree.at("home")));
+    ASSERT_TRUE(writeNumlang(gamePath(numlangFile), 2));
+    EXPECT_EQ(readFileBytes(user + "/numlang.txt"), "2\r\n");
+    struct stat st {};
+    ASSERT_EQ(::stat(user.c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0700u) << "the user's folder is the user's alone";
+    EXPECT_EQ(std::distance(fs::directory_iterator(tree.at("share/fendle")), fs::directory_iterator()), 1)
+        << "nothing is written into the data folder";
+
+    // Only the user folder is made: a missing folder elsewhere stays a failure.
+    EXPECT_FALSE(writeFileAtomic(tree.at("share/fendle/missing/lastgame.inf"), "x"));
+    EXPECT_FALSE(fs::exists(tree.at("share/fendle/missing")));
+}
+
+}  // namespace
+}  // namespace fendle
