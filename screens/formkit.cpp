@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QFocusEvent>
 #include <QFontDatabase>
@@ -15,6 +16,8 @@
 
 #include <algorithm>
 #include <cmath>
+
+#include "screens/bold_face.h"
 
 namespace fendle {
 
@@ -37,11 +40,32 @@ Rgb toRgb(const QColor& c) {
 
 namespace {
 
+QByteArray fileBytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// The clone's bold file has the regular outlines, only spaced wider. Its
+// family gets a bold face with the same spacing and truly bold letters,
+// made from it and DejaVu Sans Bold; the file itself when that cannot be made.
+void addBoldTahoma() {
+    const QString spacingFile = QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf");
+    const QByteArray spacing = fileBytes(spacingFile);
+    const QByteArray shapes = fileBytes(QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"));
+    if (!spacing.isEmpty() && !shapes.isEmpty()) {
+        const auto face = fitBoldFace(std::string_view(spacing.constData(), std::size_t(spacing.size())),
+                                      std::string_view(shapes.constData(), std::size_t(shapes.size())));
+        if (face && QFontDatabase::addApplicationFontFromData(QByteArray(face->data(), qsizetype(face->size()))) >= 0)
+            return;
+    }
+    QFontDatabase::addApplicationFont(spacingFile);
+}
+
 const QString& tahomaFamily() {
     static const QString family = [] {
         const int regular = QFontDatabase::addApplicationFont(QStringLiteral("/usr/share/wine/fonts/tahoma.ttf"));
-        QFontDatabase::addApplicationFont(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"));
         if (regular >= 0) {
+            addBoldTahoma();
             const QStringList names = QFontDatabase::applicationFontFamilies(regular);
             if (!names.isEmpty()) return names.first();
         }

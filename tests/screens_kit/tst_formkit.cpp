@@ -3,7 +3,10 @@
 // behave as the screens expect.
 #include <QAccessible>
 #include <QDir>
+#include <QFile>
 #include <QFontInfo>
+#include <QFontMetricsF>
+#include <QRawFont>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -134,6 +137,52 @@ private slots:
         host.controls.find("Label3", 2)->setVisible(true);
         QTest::mouseClick(host.controls.find("Label3", 2)->widget(), Qt::LeftButton);
         QCOMPARE(clicked, (QList<int>{0, 0, 0, 2}));
+    }
+
+    // The bold Tahoma draws stems visibly heavier than the regular, and
+    // every character takes the room it takes in the clone's bold file, so
+    // that no layout moves.
+    void boldTahomaIsBoldAtTheClonesWidths() {
+        const QString cloneBold = QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf");
+        if (!QFile::exists(cloneBold)) QSKIP("the Tahoma clone is not installed");
+        auto font = [](int pixels, bool bold) {
+            QFont f = kit::makeFont(Face::Tahoma, 12, bold);
+            f.setPixelSize(pixels);
+            return f;
+        };
+        // The ink across the middle of an "l", in pixels.
+        auto stem = [](const QFont& f) {
+            QImage img(4 * f.pixelSize(), 2 * f.pixelSize(), QImage::Format_Grayscale8);
+            img.fill(255);
+            QPainter p(&img);
+            p.setFont(f);
+            p.drawText(f.pixelSize(), 3 * f.pixelSize() / 2, QStringLiteral("l"));
+            p.end();
+            int top = img.height(), bottom = -1;
+            for (int y = 0; y < img.height(); ++y)
+                for (int x = 0; x < img.width(); ++x)
+                    if (img.constScanLine(y)[x] < 128) top = std::min(top, y), bottom = std::max(bottom, y);
+            double ink = 0;
+            for (int x = 0; x < img.width(); ++x) ink += (255 - img.constScanLine((top + bottom) / 2)[x]) / 255.0;
+            return ink;
+        };
+        for (int pixels : {15, 21, 37, 64}) {
+            const double bold = stem(font(pixels, true)), regular = stem(font(pixels, false));
+            QVERIFY2(bold >= 1.4 * regular, qPrintable(QString("%1 px: %2 against %3").arg(pixels).arg(bold).arg(regular)));
+        }
+        QString characters = QStringLiteral("\u20ac\u2019\u2013");
+        for (char16_t c = 0x20; c < 0x17F; ++c)
+            if (c < 0x7F || c >= 0xA0) characters += QChar(c);
+        for (int pixels : {9, 13, 15, 16, 19, 21, 35, 37, 64}) {
+            const QRawFont clone(cloneBold, pixels);
+            const QFontMetricsF metrics(font(pixels, true));
+            for (QChar c : characters) {
+                const QList<quint32> glyph = clone.glyphIndexesForString(QString(c));
+                if (glyph.isEmpty() || glyph[0] == 0) continue;   // not in the clone
+                if (metrics.horizontalAdvance(c) != clone.advancesForGlyphIndexes(glyph)[0].x())
+                    QFAIL(qPrintable(QString("%1 at %2 px").arg(c).arg(pixels)));
+            }
+        }
     }
 
     void disabledButtonAndLabelDim() {
