@@ -74,6 +74,9 @@ void Form::centre() {
 
 void Form::showEvent(QShowEvent* e) {
     QWidget::showEvent(e);
+    // The window takes the focus itself, or the window system would hand it
+    // to the first button, unseen, for a Space to press.
+    if (!focusWidget()) setFocus(Qt::OtherFocusReason);
     // Before the first show the frame's size is not known yet; a window that
     // was centred and not moved since is centred again on its whole frame.
     if (centred_ && frameGeometry().size() != size()) centre();

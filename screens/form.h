@@ -1,5 +1,6 @@
 // Form: the base of every screen, a fixed-size top-level window built from
-// tables of controls. ScreenRegistry: the screens by name, with the classic
+// tables of controls. A window holds the keyboard focus itself until Tab
+// moves it to a control, so that no button has the focus unseen. ScreenRegistry: the screens by name, with the classic
 // lifetime: the first touch of a screen creates it and runs its load step;
 // unloading stops its timers at once, hides it and destroys it once the
 // running handler has returned; the next touch makes a fresh one.

@@ -375,7 +375,7 @@ void Label::mouseReleaseEvent(QMouseEvent* e) {
 
 Button::Button(const Row& row, int index, Controls* owner, QWidget* parent)
     : QAbstractButton(parent), Control(this, row, index, owner) {
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus);
     setText(QString::fromUtf8(row.caption));
     syncFace();
     finish(*this, row, false);
@@ -422,21 +422,42 @@ void Button::paintEvent(QPaintEvent*) {
     }
 }
 
+namespace {
+
+// The window lost or regained the focus: what the focus looked like stays.
+bool windowSwitch(Qt::FocusReason r) { return r == Qt::ActiveWindowFocusReason || r == Qt::PopupFocusReason; }
+
+}  // namespace
+
 void Button::focusInEvent(QFocusEvent* e) {
     const Qt::FocusReason r = e->reason();
-    focusCue_ = r == Qt::TabFocusReason || r == Qt::BacktabFocusReason || r == Qt::ShortcutFocusReason;
+    if (!windowSwitch(r))
+        focusCue_ = r == Qt::TabFocusReason || r == Qt::BacktabFocusReason || r == Qt::ShortcutFocusReason;
     QAbstractButton::focusInEvent(e);
 }
 
+void Button::focusOutEvent(QFocusEvent* e) {
+    if (!windowSwitch(e->reason())) focusCue_ = false;
+    QAbstractButton::focusOutEvent(e);
+}
+
 void Button::mousePressEvent(QMouseEvent* e) {
-    focusCue_ = false;
+    if (focusCue_) {
+        focusCue_ = false;
+        update();
+    }
     QAbstractButton::mousePressEvent(e);
 }
 
 void Button::keyPressEvent(QKeyEvent* e) {
-    if (!focusCue_) {
+    const bool presses = e->key() == Qt::Key_Space || e->key() == Qt::Key_Select || e->key() == Qt::Key_Return ||
+                         e->key() == Qt::Key_Enter;
+    if (!focusCue_ && presses) {
+        // Nobody can see where the focus is: show it, press nothing.
         focusCue_ = true;
         update();
+        e->accept();
+        return;
     }
     if ((e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) && e->modifiers() == Qt::NoModifier) {
         e->accept();

@@ -251,8 +251,10 @@ private:
 };
 
 // A label with a border and a click handler, on QAbstractButton so that it
-// takes the focus, answers Space and Enter and is announced as a push button
-// named by its caption.
+// answers Space and Enter and is announced as a push button named by its
+// caption. It takes the focus from the keyboard only (Tab), never from a
+// click, and shows it with a dotted frame while the focus came by keyboard; a
+// Space or Enter that finds the focus unshown only shows it.
 class Button : public QAbstractButton, public Control {
     Q_OBJECT
 public:
@@ -270,6 +272,7 @@ protected:
     void paintEvent(QPaintEvent*) override;
     void keyPressEvent(QKeyEvent* e) override;
     void focusInEvent(QFocusEvent* e) override;
+    void focusOutEvent(QFocusEvent* e) override;
     void mousePressEvent(QMouseEvent* e) override;
 
 private:
