@@ -85,6 +85,7 @@ float label100Width() {
 }  // namespace
 
 Fen1Form::Fen1Form(Module1& module) : Form(module, formName) {
+    setWindowName(msg::windowFen1);
     build(fen1Rows);
     game_ = std::make_unique<Fen1>(module.state, Ports{timers(), module.random(), module.sound(), module.screens});
     // Every tick goes to the game, and the window shows what it changed.
@@ -161,6 +162,16 @@ void Fen1Form::syncControl(kit::Control* c, const ControlState& now, const Contr
     if (!before || before->visible != now.visible) c->setVisible(now.visible);
 }
 
+// What a screen reader says of the counter on hexagon n: "37, Blue".
+QString Fen1Form::counterName(int n) const {
+    const ModuleState& s = module().state;
+    const ModuleTexts& t = s.texts;
+    const std::string* names[] = {&t.bluename, &t.redname, &t.greenname, &t.yellowname};
+    const int owner = s.boardowner[static_cast<std::size_t>(n)];
+    if (owner < 1 || owner > 4) return QString::number(n);
+    return QStringLiteral("%1, %2").arg(n).arg(QString::fromStdString(*names[owner - 1]));
+}
+
 void Fen1Form::sync() {
     const BoardModel& b = model();
     const BoardModel* s = shown_.get();
@@ -182,6 +193,7 @@ void Fen1Form::sync() {
             if (!was || was->picture != now.picture) {
                 if (now.picture.empty()) counter->clearPicture();
                 else counter->setPicture(now.picture);
+                counter->setAccessibleName(counterName(static_cast<int>(n)));
             }
             if (!was || was->left != now.left || was->top != now.top) counter->place(now.left, now.top, 480, 480);
             if (!was || was->visible != now.visible) static_cast<kit::Control*>(counter)->setVisible(now.visible);

@@ -15,6 +15,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -76,8 +77,13 @@ public:
 
     // The name a screen reader announces for the window, in the current
     // language ("Fendle! \u2013 Set up the game"); the visible caption stays
-    // as the screen was designed.
+    // as the screen was designed. A reader that asks later hears it in the
+    // language chosen by then.
     void setWindowName(const Message& m, std::string_view arg = {});
+    // That name in the current language; empty when the screen has none.
+    QString windowName() const;
+    // Brings accessibleName() up to the current language (textshow does).
+    void refreshWindowName();
 
     // Back colour and a picture drawn at the top left of the client area.
     void setBackColor(Rgb colour);
@@ -103,6 +109,8 @@ private:
     std::unique_ptr<FormTimers> timers_;
     Rgb back_{};
     QPixmap picture_;
+    std::optional<Message> windowName_;
+    std::string windowArg_;
     bool unloaded_ = false;
     bool centred_ = false;   // centred and not moved since: centre again once the frame is known
 };

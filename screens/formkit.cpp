@@ -1,5 +1,7 @@
 #include "screens/formkit.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QButtonGroup>
 #include <QDateTime>
@@ -306,10 +308,59 @@ void finish(Control& c, const Row& row, bool colours) {
 
 }  // namespace
 
+// ---------------------------------------------------------------- accessibility
+
+namespace {
+
+// What a screen reader finds of the light controls: a label is static text
+// named by its caption, an image a graphic named by its accessible name, a
+// frame a group named by its caption.
+class ControlAccessible : public QAccessibleWidget {
+public:
+    ControlAccessible(QWidget* w, QAccessible::Role role) : QAccessibleWidget(w, role) {}
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name && role() != QAccessible::Graphic) {
+            if (!widget()->accessibleName().isEmpty()) return widget()->accessibleName();
+            if (const auto* c = dynamic_cast<const Control*>(widget())) return c->caption();
+        }
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface* controlAccessible(const QString& className, QObject* object) {
+    auto* w = qobject_cast<QWidget*>(object);
+    if (!w) return nullptr;
+    if (className == QLatin1String(Label::staticMetaObject.className()))
+        return new ControlAccessible(w, QAccessible::StaticText);
+    if (className == QLatin1String(Image::staticMetaObject.className()))
+        return new ControlAccessible(w, QAccessible::Graphic);
+    if (className == QLatin1String(Frame::staticMetaObject.className()))
+        return new ControlAccessible(w, QAccessible::Grouping);
+    return nullptr;
+}
+
+void installAccessibleControls() {
+    static const bool installed = [] {
+        QAccessible::installFactory(controlAccessible);
+        return true;
+    }();
+    (void)installed;
+}
+
+// Tells a screen reader that a control's caption changed.
+void announceName(QWidget* w) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleEvent e(w, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&e);
+}
+
+}  // namespace
+
 // ---------------------------------------------------------------- Label
 
 Label::Label(const Row& row, int index, Controls* owner, QWidget* parent)
     : QWidget(parent), Control(this, row, index, owner) {
+    installAccessibleControls();
     face_.text = QString::fromUtf8(row.caption);
     syncFace();
     finish(*this, row, false);
@@ -337,6 +388,7 @@ void Label::setCaption(const QString& text) {
     face_.text = text;
     face_.invalidate();
     update();
+    announceName(this);
 }
 void Label::setForeColor(Rgb colour) {
     fore_ = colour;
@@ -480,7 +532,7 @@ CheckBox::CheckBox(const Row& row, int index, Controls* owner, QWidget* parent)
 OptionButton::OptionButton(const Row& row, int index, Controls* owner, QWidget* parent)
     : QRadioButton(parent), Control(this, row, index, owner) {
     setText(QString::fromUtf8(row.caption));
-    setAutoExclusive(false);   // the array's group decides
+    setAutoExclusive(false);   // the array's group decides, once it has one
     setChecked(row.value != 0);
     finish(*this, row, true);
     connect(this, &QRadioButton::toggled, this, [this](bool on) {
@@ -552,6 +604,7 @@ void TextBox::keyPressEvent(QKeyEvent* e) {
 
 Image::Image(const Row& row, int index, Controls* owner, QWidget* parent)
     : QWidget(parent), Control(this, row, index, owner) {
+    installAccessibleControls();
     finish(*this, row, false);
     if (*row.picture) setPicture(row.picture);
 }
@@ -641,13 +694,16 @@ void PictureBox::mouseReleaseEvent(QMouseEvent* e) {
 
 Frame::Frame(const Row& row, int index, Controls* owner, QWidget* parent)
     : QWidget(parent), Control(this, row, index, owner), caption_(QString::fromUtf8(row.caption)) {
+    installAccessibleControls();
     Frame::setBackColor(back_);
     finish(*this, row, false);
 }
 
 void Frame::setCaption(const QString& t) {
+    if (t == caption_) return;
     caption_ = t;
     update();
+    announceName(this);
 }
 
 void Frame::setBackColor(Rgb colour) {
@@ -754,6 +810,10 @@ Control* Controls::make(const Row& row, int index, QWidget* container) {
     case Kind::Option: {
         auto* o = new OptionButton(row, index, this, container);
         groupFor(row.name, container)->addButton(o);
+        // In its group, the option ignores the other options of its
+        // container; auto-exclusive, a screen reader hears it as a radio
+        // button rather than a check box.
+        o->setAutoExclusive(true);
         c = o;
         break;
     }

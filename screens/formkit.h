@@ -331,6 +331,7 @@ private:
 // A light picture control. Not stretched, it takes the picture's size, as
 // the classic image control did; stretched, the picture fills its box. A
 // file that cannot be read leaves it empty.
+// A screen reader finds it as a graphic named by its accessibleName().
 class Image : public QWidget, public Control {
     Q_OBJECT
 public:

@@ -100,6 +100,7 @@ Highscores::Highscores(Module1& module) : Form(module, formName) {
     // In front of all other windows, where the window manager allows it.
     setWindowFlags(windowFlags() | Qt::WindowStaysOnTopHint);
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowHighscores);
     setBackColor(setupBlue);
     build(highscoresRows);
     onClick("Label3", [this](int i) { Label3_Click(i); });

@@ -59,6 +59,7 @@ std::span<const kit::Row> Startautoplay2::rows() { return startautoplay2Rows; }
 
 Startautoplay2::Startautoplay2(Module1& module) : Form(module, formName) {
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowStartautoplay2);
     setBackColor(setupBlue);
     build(startautoplay2Rows);
     onClick("Option1", [this](int i) { Option1_Click(i); });

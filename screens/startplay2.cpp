@@ -108,6 +108,7 @@ std::span<const kit::Row> Startplay2::rows() { return startplay2Rows; }
 
 Startplay2::Startplay2(Module1& module) : Form(module, formName) {
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowStartplay2);
     setBackColor(setupBlue);
     build(startplay2Rows);
     onClick("Check1", [this](int) { Check1_Click(); });

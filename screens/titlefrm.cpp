@@ -59,6 +59,7 @@ std::span<const kit::Row> Titlefrm::rows() { return titleRows; }
 
 Titlefrm::Titlefrm(Module1& module) : Form(module, formName) {
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowTitlefrm);
     build(titleRows);
     onClick("Label5", [this](int) { Label5_Click(); });
     onClick("Picture1", [this](int) { Label5_Click(); });

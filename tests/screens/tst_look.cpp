@@ -1,11 +1,32 @@
-// How the screens meet people who do not use them as the designer did: a
-// keyboard focus that never sits unseen on a button.
+// How the screens meet people who do not use them as the designer did: every
+// text heard by a screen reader, with the window's name in the player's
+// language, and a keyboard focus that never sits unseen on a button.
+#include "accessible_walk.h"
 #include "game_run.h"
 
 using namespace fendle;
 using testing::GameRun;
+using testing::Heard;
 
 namespace {
+
+// Each visible text of the window heard with its role, and the window
+// itself heard as a window by the given name.
+void checkHeard(QWidget* window, const QString& name) {
+    QVERIFY(window && window->isVisible());
+    const std::vector<Heard> heard = testing::hear(window);
+    QCOMPARE(heard.front().role, QAccessible::Window);
+    QCOMPARE(heard.front().name, name);
+    const std::vector<Heard> shown = testing::shownTexts(window);
+    for (const Heard& t : shown)
+        QVERIFY2(testing::contains(heard, t), qPrintable(testing::describe(t) + " unheard in " + name));
+}
+
+#define CHECK_HEARD(window, name)            \
+    do {                                     \
+        checkHeard(window, name);            \
+        if (QTest::currentTestFailed()) return; \
+    } while (false)
 
 // A board shown as the set-up screens leave it.
 Fen1Form* showBoard(GameRun& g, int nplayers, int timeallowed = 0) {
@@ -26,6 +47,55 @@ class TestLook : public QObject {
     Q_OBJECT
 
 private slots:
+    void everyScreenIsHeardWholeAndByName() {
+        GameRun g;
+        g.open();
+        Form* title = g.screen("Titlefrm");
+        CHECK_HEARD(title, "Fendle! \u2013 Start");
+        // A reader asking after the language changed hears the new name at once.
+        g.state().languagenumber = 1;
+        QCOMPARE(testing::hear(title).front().name, QString("Fendle! \u2013 Accueil"));
+        g.state().languagenumber = 0;
+
+        GameRun::press(title, "Label5");
+        CHECK_HEARD(g.screen("Grey"), "Fendle!");
+        Form* setup = g.screen("Startplay2");
+        GameRun::tick(setup, "Check2");   // the time box and its words show
+        CHECK_HEARD(setup, "Fendle! \u2013 Set up the game");
+        g.module->screens.show("highscores");
+        CHECK_HEARD(g.screen("highscores"), "Fendle! \u2013 High scores");
+        GameRun::press(g.screen("highscores"), "Label3", 0);
+        GameRun::press(setup, "Label1", 0);
+        CHECK_HEARD(g.screen("Startautoplay2"), "Fendle! \u2013 Play against the computer");
+
+        // A timed game against the computer: clocks, the note, a counter.
+        GameRun::press(g.screen("Startautoplay2"), "Label7");
+        Fen1Form* board = g.board();
+        QVERIFY(board);
+        g.throwDice({1, 2, 3, 4});
+        g.clickHexagon(24);
+        CHECK_HEARD(board, "Fendle! \u2013 Game board");
+        const std::vector<Heard> heard = testing::hear(board);
+        QVERIFY(testing::contains(heard, {QAccessible::Graphic, "24, Blue"}));
+        QVERIFY(!testing::contains(heard, {QAccessible::StaticText, "24"}));
+        QVERIFY(testing::contains(heard, {QAccessible::StaticText, "20 points"}));
+        // The caption a reader hears follows the line as the turn passes.
+        g.clock.advance(2000);
+        QVERIFY(testing::contains(testing::hear(board), {QAccessible::StaticText, "Red to Play"}));
+    }
+
+    void theBoardSpeaksTheChosenLanguage() {
+        GameRun g;
+        g.write("numlang.txt", "1\r\n");
+        g.open();   // reads the language and the tables
+        CHECK_HEARD(g.screen("Titlefrm"), "Fendle! \u2013 Accueil");
+        Fen1Form* board = showBoard(g, 2);
+        g.throwDice({1, 2, 3, 4});
+        g.clickHexagon(24);
+        CHECK_HEARD(board, "Fendle! \u2013 Plateau de jeu");
+        QVERIFY(testing::contains(testing::hear(board), {QAccessible::Graphic, "24, Bleu"}));
+    }
+
     // Throw Dice clicked: no button takes the focus, none wears a frame, and
     // a Space later presses nothing. Tab shows where the focus is.
     void theFocusComesOnlyFromTheKeyboard() {
