@@ -152,16 +152,29 @@ namespace {
 
 constexpr int smallestPixelSize = 4;
 
-QRect innerRect(QRect box, bool border) {
-    const int b = border ? LabelFace::borderWidth : 0;
+// Where the text may go: inside the border, and room for the outline.
+QRect innerRect(QRect box, bool border, bool outline = false) {
+    const int b = (border ? LabelFace::borderWidth : 0) + (outline ? LabelFace::outlineWidth : 0);
     return box.adjusted(b, b, -b, -b);
+}
+
+// WCAG's relative luminance and contrast ratio.
+double luminance(const QColor& c) {
+    auto linear = [](int v) {
+        const double s = v / 255.0;
+        return s <= 0.04045 ? s / 12.92 : std::pow((s + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(c.red()) + 0.7152 * linear(c.green()) + 0.0722 * linear(c.blue());
+}
+double contrast(const QColor& a, const QColor& b) {
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
 }  // namespace
 
 const QFont& LabelFace::fitted(QSize box) const {
     if (cachedFor_ == box) return fitted_;
-    const QRect inner = innerRect(QRect(QPoint(), box), border);
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QChar::LineSeparator);
 
@@ -170,7 +183,7 @@ const QFont& LabelFace::fitted(QSize box) const {
 
     // Lays the text out at a size; true when every line fits the width and
     // the ink of the last line ends inside the height.
-    auto fits = [&](const QFont& f) {
+    auto fitsIn = [&](const QFont& f, QRect inner) {
         if (shown.isEmpty()) return true;
         QTextLayout layout(shown, f);
         layout.setTextOption(option);
@@ -192,28 +205,54 @@ const QFont& LabelFace::fitted(QSize box) const {
         return last.y() + last.ascent() + inkBelow <= inner.height() + 0.01;
     };
 
+    const QRect inner = innerRect(QRect(QPoint(), box), border);
     QFont f = font;
     int size = f.pixelSize();
-    while (size > smallestPixelSize && !fits(f)) {
+    while (size > smallestPixelSize && !fitsIn(f, inner)) {
         --size;
         f.setPixelSize(size);
     }
+    // An outline takes no room of its own: the text keeps the size it has
+    // without one, and the outline goes round it inside the box where the
+    // text leaves room, else it is cut at the box's edge.
+    outlineRoom_ = outline && fitsIn(f, innerRect(QRect(QPoint(), box), border, true));
     fitted_ = f;
     cachedFor_ = box;
     return fitted_;
+}
+
+QColor LabelFace::outlineFor(const QColor& text) {
+    // Dark for the light and bright texts, a light grey for the dark ones,
+    // white for what stands out from neither.
+    for (const QColor edge : {QColor(0, 0, 40), QColor(176, 176, 176)})
+        if (contrast(text, edge) >= 4.5) return edge;
+    return Qt::white;
 }
 
 void LabelFace::paint(QPainter& p, QRect box, bool enabled) const {
     if (!transparent) p.fillRect(box, back);
     if (border) paintSunkenEdge(p, box);
     if (text.isEmpty()) return;
-    const QRect inner = innerRect(box, border);
     p.setFont(fitted(box.size()));
-    p.setPen(enabled ? fore : dimText);
+    const QRect inner = innerRect(box, border, outlineRoom_);
+    const QColor ink = enabled ? fore : dimText;
     int flags = int(horizontal(align)) | Qt::AlignTop;
     if (wrap) flags |= Qt::TextWordWrap;
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (outline) {
+        // The text in the outline's colour a pixel off all round, then the
+        // text itself over it.
+        p.save();
+        p.setClipRect(box, Qt::IntersectClip);
+        p.setPen(outlineFor(ink));
+        constexpr int w = outlineWidth;
+        for (const QPoint off : {QPoint(-w, -w), QPoint(0, -w), QPoint(w, -w), QPoint(-w, 0), QPoint(w, 0),
+                                 QPoint(-w, w), QPoint(0, w), QPoint(w, w)})
+            p.drawText(inner.translated(off), flags, shown);
+        p.restore();
+    }
+    p.setPen(ink);
     p.drawText(inner, flags, shown);
 }
 
@@ -371,6 +410,7 @@ void LabelFace::style(const Row& row, const QFont& designFont, Rgb foreColour, R
     fore = toQColor(foreColour);
     back = toQColor(backColour);
     transparent = row.transparent;
+    outline = row.outline;
     border = row.border;
     wrap = row.wordWrap;
     align = row.align;

@@ -104,6 +104,10 @@ struct Row {
     std::optional<Rgb> fore = std::nullopt;
     std::optional<Rgb> back = std::nullopt;
     bool transparent = false;   // label, button: the back colour is not painted
+    // Label: a thin edge round each letter in a colour that stands out from
+    // the text's own, for coloured text drawn straight on a picture or a
+    // colour it does not stand out from.
+    bool outline = false;
     Align align = Align::Left;
     bool visible = true;
     bool enabled = true;
@@ -200,9 +204,10 @@ private:
 };
 
 // How a label or a label-button paints: on its back colour or transparent,
-// its border, its text wrapped at words and aligned. A text that does not fit
-// the box at the design size is drawn with the font stepped down a pixel at a
-// time until it does.
+// its border, its text wrapped at words and aligned, outlined or not. A text
+// that does not fit the box at the design size is drawn with the font stepped
+// down a pixel at a time until it does; an outline follows the text at the
+// size it is drawn, and never makes it smaller.
 class LabelFace {
 public:
     QString text;
@@ -211,6 +216,7 @@ public:
     bool transparent = false;
     bool border = false;
     bool wrap = true;
+    bool outline = false;
     Align align = Align::Left;
 
     // The font the text is drawn with in a box of this size.
@@ -220,10 +226,16 @@ public:
     // Takes the look of a control's row, at the given font and colours.
     void style(const Row& row, const QFont& designFont, Rgb foreColour, Rgb backColour);
     static constexpr int borderWidth = 2;
+    static constexpr int outlineWidth = 1;
+    // The colour of the outline round text of this colour: a dark blue where
+    // that stands out from the text by 4.5 : 1 or more, else a light grey
+    // where that does, else white.
+    static QColor outlineFor(const QColor& text);
 
 private:
     mutable QSize cachedFor_;
     mutable QFont fitted_;
+    mutable bool outlineRoom_ = false;   // the outlined text fits inside the box with its outline
 };
 
 class Label : public QWidget, public Control {

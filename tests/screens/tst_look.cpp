@@ -1,7 +1,9 @@
-// How the screens meet people who do not use them as the designer did: every
-// text heard by a screen reader, with the window's name in the player's
-// language, and a keyboard focus that never sits unseen on a button.
+// How the screens meet people who do not see or hear them as the designer
+// did: every text heard by a screen reader, with the window's name in the
+// player's language; coloured text on the blue board readable on a
+// projector; and a keyboard focus that never sits unseen on a button.
 #include "accessible_walk.h"
+#include "contrast.h"
 #include "game_run.h"
 
 using namespace fendle;
@@ -40,6 +42,12 @@ Fen1Form* showBoard(GameRun& g, int nplayers, int timeallowed = 0) {
 }
 
 QImage render(QWidget* w) { return w->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+double contrastOf(Form* f, const char* name, int index = -1) {
+    const kit::Control* c = f->control(name, index);
+    return testing::edgeContrast(render(f), c->widget()->geometry().translated(c->widget()->parentWidget()->mapTo(f, QPoint())),
+                                 kit::toQColor(c->foreColor()));
+}
 
 }  // namespace
 
@@ -94,6 +102,33 @@ private slots:
         g.clickHexagon(24);
         CHECK_HEARD(board, "Fendle! \u2013 Plateau de jeu");
         QVERIFY(testing::contains(testing::hear(board), {QAccessible::Graphic, "24, Bleu"}));
+    }
+
+    // The coloured texts straight on the blue board, and the trademark on the
+    // set-up screens, stand out from what borders them by 4.5 : 1 at least,
+    // whatever colour the turn gives the message line.
+    void colouredTextStandsOutOnTheBoard() {
+        GameRun g;
+        Fen1Form* f = showBoard(g, 4, 600);
+        f->model().Label5[6].visible = true;   // the computer's note
+        f->sync();
+        g.throwDice({1, 2, 3, 4});   // starts the clocks: their heading shows
+        QVERIFY(f->control("Label13")->widget()->isVisible());
+        const std::pair<const char*, int> texts[] = {{"Label2", -1}, {"Label9", -1}, {"Label13", -1},
+                                                     {"Label5", 1},  {"Label5", 2},  {"Label5", 3},
+                                                     {"Label5", 4},  {"Label5", 6}};
+        for (const auto& [name, index] : texts) {
+            const double c = contrastOf(f, name, index);
+            QVERIFY2(c >= 4.5, qPrintable(QString("%1(%2): %3").arg(name).arg(index).arg(c)));
+        }
+        g.clickHexagon(24);
+        g.clock.advance(2000);
+        QCOMPARE(f->control("Label2")->foreColor(), colour::red);
+        QVERIFY2(contrastOf(f, "Label2") >= 4.5, qPrintable(QString::number(contrastOf(f, "Label2"))));
+
+        g.module->screens.show("Startplay2");
+        const double tm = contrastOf(g.screen("Startplay2"), "Label7");
+        QVERIFY2(tm >= 4.5, qPrintable(QString::number(tm)));
     }
 
     // Throw Dice clicked: no button takes the focus, none wears a frame, and

@@ -250,7 +250,10 @@ private slots:
     }
 
     void longTextShrinksIntoItsBox() {
-        const struct { const char* text; QSize box; bool border, shrinks; } cases[] = {
+        const QFont design = kit::makeFont(Face::Arial, 15.75, true);
+        // A word that just fits its box: its outline must not make it smaller.
+        const int rouge = QFontMetrics(design).horizontalAdvance(QStringLiteral("Rouge"));
+        const struct { const char* text; QSize box; bool border, shrinks, outline = false; } cases[] = {
             {"Exit", {89, 25}, true, false},
             {"Set Total Time Allowed", {208, 50}, false, false},   // two lines that fit
             {"6", {33, 33}, true, false},                          // a die's digit fills its face
@@ -259,14 +262,19 @@ private slots:
             {"Spielanleitung", {90, 40}, false, true},             // one long word
             {"Maximiliano Bartholomew Featherstonehaugh", {232, 24}, false, true},
             {"100", {32, 32}, false, true},
+            // Outlined, the text keeps its size and its outline its box.
+            {"Seconds\nRemaining", {120, 50}, false, false, true},
+            {"Spielanleitung", {90, 40}, false, true, true},
+            {"Rouge", {rouge + 1, 24}, false, false, true},
         };
-        for (const auto& [text, box, border, shrinks] : cases) {
+        for (const auto& [text, box, border, shrinks, outline] : cases) {
             kit::LabelFace face;
             face.text = QString::fromUtf8(text);
-            face.font = kit::makeFont(Face::Arial, 15.75, true);
+            face.font = design;
             face.fore = Qt::white;
             face.back = Qt::black;
             face.border = border;
+            face.outline = outline;
             face.align = Align::Centre;
             const int drawn = face.fitted(box).pixelSize();
             QVERIFY2(shrinks ? drawn < 21 : drawn == 21, text);
