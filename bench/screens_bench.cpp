@@ -7,6 +7,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QProcess>
 #include <QTimer>
 #include <QWindow>
@@ -16,6 +19,7 @@
 #include <fstream>
 #include <string>
 
+#include "screens/bold_face.h"
 #include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
 #include "screens/game_screens.h"
@@ -226,6 +230,43 @@ void BM_DiceRoll(benchmark::State& state) {
     state.counters["spin_interval_ms"] = f->timers().interval(8);
 }
 BENCHMARK(BM_DiceRoll)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+
+// The bold Tahoma made from the clone's bold file and DejaVu Sans Bold, as
+// the first use of the font at the start does it.
+void BM_FitBoldFace(benchmark::State& state) {
+    auto bytes = [](const char* path) {
+        QFile f(QString::fromUtf8(path));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    };
+    const QByteArray spacing = bytes("/usr/share/wine/fonts/tahomabd.ttf");
+    const QByteArray shapes = bytes("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
+    if (spacing.isEmpty() || shapes.isEmpty()) return state.SkipWithError("the fonts are not installed");
+    for (auto _ : state) {
+        auto face = kit::fitBoldFace(std::string_view(spacing.constData(), std::size_t(spacing.size())),
+                                     std::string_view(shapes.constData(), std::size_t(shapes.size())));
+        benchmark::DoNotOptimize(face);
+    }
+}
+BENCHMARK(BM_FitBoldFace)->Unit(benchmark::kMillisecond);
+
+// One paint of the board's turn line, plain (0) and outlined (1).
+void BM_PaintTurnLine(benchmark::State& state) {
+    kit::LabelFace face;
+    face.text = QStringLiteral("Blue to Play");
+    face.font = kit::makeFont(kit::Face::Arial, 27.75, true);
+    face.fore = kit::toQColor(colour::blueText);
+    face.transparent = true;
+    face.wrap = false;
+    face.align = kit::Align::Centre;
+    face.outline = state.range(0) != 0;
+    QImage img(212, 44, QImage::Format_RGB32);
+    for (auto _ : state) {
+        img.fill(kit::toQColor(colour::boardBlue));
+        QPainter p(&img);
+        face.paint(p, img.rect(), true);
+    }
+}
+BENCHMARK(BM_PaintTurnLine)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace fendle

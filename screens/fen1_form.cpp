@@ -55,25 +55,25 @@ const Row fen1Rows[] = {
     {.name = "Label4", .index = 3, .left = 2280, .top = 1320, .width = 495, .height = 495, .size = 20.25, .bold = true, .fore = c::black, .back = c::blue, .align = Align::Centre, .enabled = false, .border = true},
 
     // Messages, scores, clocks.
-    {.name = "Label2", .left = 4680, .top = 0, .width = 3180, .height = 660, .caption = "Blue to Play", .size = 27.75, .bold = true, .fore = c::blueText, .transparent = true, .align = Align::Centre, .wordWrap = false},
-    {.name = "Label9", .left = 9435, .top = 0, .width = 2445, .height = 675, .caption = "FENDLE!", .font = Face::Tahoma, .size = 27.75, .bold = true, .fore = c::red, .transparent = true, .align = Align::Centre, .wordWrap = false},
-    {.name = "Label5", .index = 1, .left = 9360, .top = 5640, .width = 1080, .height = 360, .caption = "Blue", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .align = Align::Right, .wordWrap = false},
-    {.name = "Label5", .index = 2, .left = 9360, .top = 6240, .width = 1080, .height = 360, .caption = "Red", .size = 15.75, .bold = true, .fore = c::red, .transparent = true, .align = Align::Right, .visible = false, .wordWrap = false},
-    {.name = "Label5", .index = 3, .left = 9240, .top = 6840, .width = 1200, .height = 360, .caption = "Green", .size = 15.75, .bold = true, .fore = c::green, .transparent = true, .align = Align::Right, .visible = false, .wordWrap = false},
-    {.name = "Label5", .index = 4, .left = 9120, .top = 7440, .width = 1320, .height = 360, .caption = "Yellow", .size = 15.75, .bold = true, .fore = c::yellow, .transparent = true, .align = Align::Right, .visible = false, .wordWrap = false},
+    {.name = "Label2", .left = 4680, .top = 0, .width = 3180, .height = 660, .caption = "Blue to Play", .size = 27.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .wordWrap = false},
+    {.name = "Label9", .left = 9435, .top = 0, .width = 2445, .height = 675, .caption = "FENDLE!", .font = Face::Tahoma, .size = 27.75, .bold = true, .fore = c::red, .transparent = true, .outline = true, .align = Align::Centre, .wordWrap = false},
+    {.name = "Label5", .index = 1, .left = 9360, .top = 5640, .width = 1080, .height = 360, .caption = "Blue", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Right, .wordWrap = false},
+    {.name = "Label5", .index = 2, .left = 9360, .top = 6240, .width = 1080, .height = 360, .caption = "Red", .size = 15.75, .bold = true, .fore = c::red, .transparent = true, .outline = true, .align = Align::Right, .visible = false, .wordWrap = false},
+    {.name = "Label5", .index = 3, .left = 9240, .top = 6840, .width = 1200, .height = 360, .caption = "Green", .size = 15.75, .bold = true, .fore = c::green, .transparent = true, .outline = true, .align = Align::Right, .visible = false, .wordWrap = false},
+    {.name = "Label5", .index = 4, .left = 9120, .top = 7440, .width = 1320, .height = 360, .caption = "Yellow", .size = 15.75, .bold = true, .fore = c::yellow, .transparent = true, .outline = true, .align = Align::Right, .visible = false, .wordWrap = false},
     {.name = "Label6", .index = 1, .left = 10560, .top = 5580, .width = 1335, .height = 495, .size = 20.25, .bold = true, .fore = c::white, .back = c::blue, .align = Align::Centre, .border = true},
     {.name = "Label6", .index = 2, .left = 10560, .top = 6180, .width = 1335, .height = 495, .size = 20.25, .bold = true, .fore = c::white, .back = c::red, .align = Align::Centre, .visible = false, .border = true},
     {.name = "Label6", .index = 3, .left = 10560, .top = 6780, .width = 1335, .height = 495, .size = 20.25, .bold = true, .fore = c::black, .back = c::green, .align = Align::Centre, .visible = false, .border = true},
     {.name = "Label6", .index = 4, .left = 10560, .top = 7380, .width = 1335, .height = 495, .size = 20.25, .bold = true, .fore = c::black, .back = c::yellow, .align = Align::Centre, .visible = false, .border = true},
-    {.name = "Label5", .index = 6, .left = 9000, .top = 6960, .width = 2850, .height = 1200, .caption = "The computer is playing as red.", .size = 14.25, .bold = true, .fore = noteGrey, .transparent = true, .align = Align::Centre, .visible = false},
+    {.name = "Label5", .index = 6, .left = 9000, .top = 6960, .width = 2850, .height = 1200, .caption = "The computer is playing as red.", .size = 14.25, .bold = true, .fore = noteGrey, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
     {.name = "Label12", .index = 0, .left = 4320, .top = 8400, .width = 975, .height = 375, .caption = "2000", .size = 14.25, .bold = true, .fore = c::black, .back = c::blue, .align = Align::Centre, .visible = false, .border = true},
     {.name = "Label12", .index = 1, .left = 5400, .top = 8400, .width = 975, .height = 375, .caption = "2000", .size = 14.25, .bold = true, .fore = c::black, .back = c::red, .align = Align::Centre, .visible = false, .border = true},
     {.name = "Label12", .index = 2, .left = 6480, .top = 8400, .width = 975, .height = 375, .caption = "2000", .size = 14.25, .bold = true, .fore = c::black, .back = c::green, .align = Align::Centre, .visible = false, .border = true},
     {.name = "Label12", .index = 3, .left = 7560, .top = 8400, .width = 975, .height = 375, .caption = "2000", .size = 14.25, .bold = true, .fore = c::black, .back = c::yellow, .align = Align::Centre, .visible = false, .border = true},
-    {.name = "Label13", .left = 2760, .top = 8280, .width = 1560, .height = 600, .caption = "Seconds Remaining", .size = 12, .bold = true, .fore = c::blueText, .transparent = true, .align = Align::Centre, .visible = false},
-    {.name = "Label10", .left = 1800, .top = 8460, .width = 7560, .height = 360, .caption = "You made an illegal move. You have lost your turn.", .size = 12, .bold = true, .fore = c::white, .transparent = true, .align = Align::Centre, .visible = false},
-    {.name = "Label5", .index = 0, .left = 9960, .top = 4740, .width = 1950, .height = 360, .caption = "Target Score", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .align = Align::Centre, .visible = false},
-    {.name = "Label5", .index = 5, .left = 10575, .top = 5100, .width = 720, .height = 360, .caption = "5000", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .align = Align::Centre, .visible = false},
+    {.name = "Label13", .left = 2760, .top = 8280, .width = 1560, .height = 600, .caption = "Seconds Remaining", .size = 12, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
+    {.name = "Label10", .left = 1800, .top = 8460, .width = 7560, .height = 360, .caption = "You made an illegal move. You have lost your turn.", .size = 12, .bold = true, .fore = c::white, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
+    {.name = "Label5", .index = 0, .left = 9960, .top = 4740, .width = 1950, .height = 360, .caption = "Target Score", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
+    {.name = "Label5", .index = 5, .left = 10575, .top = 5100, .width = 720, .height = 360, .caption = "5000", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
 };
 
 // The pattern label is AutoSize for "100": its width follows its text.
@@ -85,6 +85,7 @@ float label100Width() {
 }  // namespace
 
 Fen1Form::Fen1Form(Module1& module) : Form(module, formName) {
+    setWindowName(msg::windowFen1);
     build(fen1Rows);
     game_ = std::make_unique<Fen1>(module.state, Ports{timers(), module.random(), module.sound(), module.screens});
     // Every tick goes to the game, and the window shows what it changed.
@@ -161,6 +162,16 @@ void Fen1Form::syncControl(kit::Control* c, const ControlState& now, const Contr
     if (!before || before->visible != now.visible) c->setVisible(now.visible);
 }
 
+// What a screen reader says of the counter on hexagon n: "37, Blue".
+QString Fen1Form::counterName(int n) const {
+    const ModuleState& s = module().state;
+    const ModuleTexts& t = s.texts;
+    const std::string* names[] = {&t.bluename, &t.redname, &t.greenname, &t.yellowname};
+    const int owner = s.boardowner[static_cast<std::size_t>(n)];
+    if (owner < 1 || owner > 4) return QString::number(n);
+    return QStringLiteral("%1, %2").arg(n).arg(QString::fromStdString(*names[owner - 1]));
+}
+
 void Fen1Form::sync() {
     const BoardModel& b = model();
     const BoardModel* s = shown_.get();
@@ -182,6 +193,7 @@ void Fen1Form::sync() {
             if (!was || was->picture != now.picture) {
                 if (now.picture.empty()) counter->clearPicture();
                 else counter->setPicture(now.picture);
+                counter->setAccessibleName(counterName(static_cast<int>(n)));
             }
             if (!was || was->left != now.left || was->top != now.top) counter->place(now.left, now.top, 480, 480);
             if (!was || was->visible != now.visible) static_cast<kit::Control*>(counter)->setVisible(now.visible);

@@ -29,6 +29,7 @@ public:
 
 private:
     void textshow();
+    QString counterName(int n) const;
     void syncControl(kit::Control* c, const ControlState& now, const ControlState* before, bool withBack);
 
     std::unique_ptr<Fen1> game_;

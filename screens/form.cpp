@@ -1,5 +1,7 @@
 #include "screens/form.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -19,8 +21,35 @@ QPoint centredTwips(QSizeF screen, QSizeF size) {
 
 // ---------------------------------------------------------------- Form
 
+namespace {
+
+// A screen reader finds each screen as a window named by its window name.
+class FormAccessible : public QAccessibleWidget {
+public:
+    explicit FormAccessible(Form* f) : QAccessibleWidget(f, QAccessible::Window) {}
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name) {
+            const QString name = static_cast<const Form*>(widget())->windowName();
+            if (!name.isEmpty()) return name;
+        }
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface* formAccessible(const QString&, QObject* object) {
+    auto* f = qobject_cast<Form*>(object);
+    return f ? new FormAccessible(f) : nullptr;
+}
+
+}  // namespace
+
 Form::Form(Module1& module, std::string name)
     : QWidget(nullptr), module_(module), name_(std::move(name)), controls_(this) {
+    static const bool accessible = [] {
+        QAccessible::installFactory(formAccessible);
+        return true;
+    }();
+    (void)accessible;
     setWindowTitle(QStringLiteral(" "));
     setAttribute(Qt::WA_DeleteOnClose, false);
     back_ = kit::toRgb(palette().color(QPalette::Window));
@@ -28,7 +57,19 @@ Form::Form(Module1& module, std::string name)
 
 Form::~Form() = default;
 
-void Form::setWindowName(const Message& m, std::string_view arg) { setAccessibleName(module_.message(m, arg)); }
+void Form::setWindowName(const Message& m, std::string_view arg) {
+    windowName_ = m;
+    windowArg_ = arg;
+    refreshWindowName();
+}
+
+QString Form::windowName() const { return windowName_ ? module_.message(*windowName_, windowArg_) : QString(); }
+
+void Form::refreshWindowName() {
+    if (!windowName_) return;
+    const QString now = windowName();
+    if (accessibleName() != now) setAccessibleName(now);
+}
 
 void Form::closeRequested() { module_.screens.unload(name_); }
 
@@ -74,6 +115,10 @@ void Form::centre() {
 
 void Form::showEvent(QShowEvent* e) {
     QWidget::showEvent(e);
+    refreshWindowName();
+    // The window takes the focus itself, or the window system would hand it
+    // to the first button, unseen, for a Space to press.
+    if (!focusWidget()) setFocus(Qt::OtherFocusReason);
     // Before the first show the frame's size is not known yet; a window that
     // was centred and not moved since is centred again on its whole frame.
     if (centred_ && frameGeometry().size() != size()) centre();

@@ -1,5 +1,6 @@
 // Form: the base of every screen, a fixed-size top-level window built from
-// tables of controls. ScreenRegistry: the screens by name, with the classic
+// tables of controls. A window holds the keyboard focus itself until Tab
+// moves it to a control, so that no button has the focus unseen. ScreenRegistry: the screens by name, with the classic
 // lifetime: the first touch of a screen creates it and runs its load step;
 // unloading stops its timers at once, hides it and destroys it once the
 // running handler has returned; the next touch makes a fresh one.
@@ -14,6 +15,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -75,8 +77,13 @@ public:
 
     // The name a screen reader announces for the window, in the current
     // language ("Fendle! \u2013 Set up the game"); the visible caption stays
-    // as the screen was designed.
+    // as the screen was designed. A reader that asks later hears it in the
+    // language chosen by then.
     void setWindowName(const Message& m, std::string_view arg = {});
+    // That name in the current language; empty when the screen has none.
+    QString windowName() const;
+    // Brings accessibleName() up to the current language (textshow does).
+    void refreshWindowName();
 
     // Back colour and a picture drawn at the top left of the client area.
     void setBackColor(Rgb colour);
@@ -103,6 +110,8 @@ private:
     std::unique_ptr<FormTimers> timers_;
     Rgb back_{};
     QPixmap picture_;
+    std::optional<Message> windowName_;
+    std::string windowArg_;
     bool unloaded_ = false;
     bool centred_ = false;   // centred and not moved since: centre again once the frame is known
 };

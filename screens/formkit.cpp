@@ -1,8 +1,11 @@
 #include "screens/formkit.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QButtonGroup>
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QFocusEvent>
 #include <QFontDatabase>
@@ -16,6 +19,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "screens/bold_face.h"
 #include "text/file_io.h"
 
 namespace fendle {
@@ -35,11 +39,32 @@ Rgb toRgb(const QColor& c) {
 
 namespace {
 
+QByteArray fileBytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// The clone's bold file has the regular outlines, only spaced wider. Its
+// family gets a bold face with the same spacing and truly bold letters,
+// made from it and DejaVu Sans Bold; the file itself when that cannot be made.
+void addBoldTahoma() {
+    const QString spacingFile = QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf");
+    const QByteArray spacing = fileBytes(spacingFile);
+    const QByteArray shapes = fileBytes(QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"));
+    if (!spacing.isEmpty() && !shapes.isEmpty()) {
+        const auto face = fitBoldFace(std::string_view(spacing.constData(), std::size_t(spacing.size())),
+                                      std::string_view(shapes.constData(), std::size_t(shapes.size())));
+        if (face && QFontDatabase::addApplicationFontFromData(QByteArray(face->data(), qsizetype(face->size()))) >= 0)
+            return;
+    }
+    QFontDatabase::addApplicationFont(spacingFile);
+}
+
 const QString& tahomaFamily() {
     static const QString family = [] {
         const int regular = QFontDatabase::addApplicationFont(QStringLiteral("/usr/share/wine/fonts/tahoma.ttf"));
-        QFontDatabase::addApplicationFont(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"));
         if (regular >= 0) {
+            addBoldTahoma();
             const QStringList names = QFontDatabase::applicationFontFamilies(regular);
             if (!names.isEmpty()) return names.first();
         }
@@ -146,16 +171,29 @@ namespace {
 
 constexpr int smallestPixelSize = 4;
 
-QRect innerRect(QRect box, bool border) {
-    const int b = border ? LabelFace::borderWidth : 0;
+// Where the text may go: inside the border, and room for the outline.
+QRect innerRect(QRect box, bool border, bool outline = false) {
+    const int b = (border ? LabelFace::borderWidth : 0) + (outline ? LabelFace::outlineWidth : 0);
     return box.adjusted(b, b, -b, -b);
+}
+
+// WCAG's relative luminance and contrast ratio.
+double luminance(const QColor& c) {
+    auto linear = [](int v) {
+        const double s = v / 255.0;
+        return s <= 0.04045 ? s / 12.92 : std::pow((s + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(c.red()) + 0.7152 * linear(c.green()) + 0.0722 * linear(c.blue());
+}
+double contrast(const QColor& a, const QColor& b) {
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
 }  // namespace
 
 const QFont& LabelFace::fitted(QSize box) const {
     if (cachedFor_ == box) return fitted_;
-    const QRect inner = innerRect(QRect(QPoint(), box), border);
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QChar::LineSeparator);
 
@@ -167,7 +205,7 @@ const QFont& LabelFace::fitted(QSize box) const {
     // the ink of the last line ends inside the height. Lines stand apart as
     // the painter sets them: their height and the font's leading, rounded up
     // to a whole pixel.
-    auto fits = [&](const QFont& f) {
+    auto fitsIn = [&](const QFont& f, QRect inner) {
         if (shown.isEmpty()) return true;
         QTextLayout layout(shown, f);
         layout.setTextOption(option);
@@ -196,30 +234,58 @@ const QFont& LabelFace::fitted(QSize box) const {
         return down + last.y() + last.ascent() + inkBelow <= inner.height() + 0.01;
     };
 
+    const QRect plain = innerRect(QRect(QPoint(), box), border);
     QFont f = font;
     int size = f.pixelSize();
-    while (size > smallestPixelSize && !fits(f)) {
+    while (size > smallestPixelSize && !fitsIn(f, plain)) {
         --size;
         f.setPixelSize(size);
     }
-    if (size == smallestPixelSize) fits(f);
+    // An outline takes no room of its own: the text keeps the size it has
+    // without one, and the outline goes round it inside the box where the
+    // text leaves room, else it is cut at the box's edge.
+    const QRect withOutline = innerRect(QRect(QPoint(), box), border, true);
+    outlineRoom_ = outline && fitsIn(f, withOutline);
+    // How far the words stand down is that of the layout the painter uses.
+    if (size == smallestPixelSize || (outline && !outlineRoom_)) fitsIn(f, outlineRoom_ ? withOutline : plain);
     fitted_ = f;
     lift_ = down;
     cachedFor_ = box;
     return fitted_;
 }
 
+QColor LabelFace::outlineFor(const QColor& text) {
+    // Dark for the light and bright texts, a light grey for the dark ones,
+    // white for what stands out from neither.
+    for (const QColor edge : {QColor(0, 0, 40), QColor(176, 176, 176)})
+        if (contrast(text, edge) >= 4.5) return edge;
+    return Qt::white;
+}
+
 void LabelFace::paint(QPainter& p, QRect box, bool enabled) const {
     if (!transparent) p.fillRect(box, back);
     if (border) paintSunkenEdge(p, box);
     if (text.isEmpty()) return;
-    const QRect inner = innerRect(box, border).adjusted(0, lift(box.size()), 0, 0);
     p.setFont(fitted(box.size()));
-    p.setPen(enabled ? fore : dimText);
+    const QRect inner = innerRect(box, border, outlineRoom_).adjusted(0, lift(box.size()), 0, 0);
+    const QColor ink = enabled ? fore : dimText;
     int flags = int(horizontal(align)) | Qt::AlignTop;
     if (wrap) flags |= Qt::TextWordWrap;
     QString shown = text;
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (outline) {
+        // The text in the outline's colour a pixel off all round, then the
+        // text itself over it.
+        p.save();
+        p.setClipRect(box, Qt::IntersectClip);
+        p.setPen(outlineFor(ink));
+        constexpr int w = outlineWidth;
+        for (const QPoint off : {QPoint(-w, -w), QPoint(0, -w), QPoint(w, -w), QPoint(-w, 0), QPoint(w, 0),
+                                 QPoint(-w, w), QPoint(0, w), QPoint(w, w)})
+            p.drawText(inner.translated(off), flags, shown);
+        p.restore();
+    }
+    p.setPen(ink);
     p.drawText(inner, flags, shown);
 }
 
@@ -314,10 +380,59 @@ void finish(Control& c, const Row& row, bool colours) {
 
 }  // namespace
 
+// ---------------------------------------------------------------- accessibility
+
+namespace {
+
+// What a screen reader finds of the light controls: a label is static text
+// named by its caption, an image a graphic named by its accessible name, a
+// frame a group named by its caption.
+class ControlAccessible : public QAccessibleWidget {
+public:
+    ControlAccessible(QWidget* w, QAccessible::Role role) : QAccessibleWidget(w, role) {}
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name && role() != QAccessible::Graphic) {
+            if (!widget()->accessibleName().isEmpty()) return widget()->accessibleName();
+            if (const auto* c = dynamic_cast<const Control*>(widget())) return c->caption();
+        }
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface* controlAccessible(const QString& className, QObject* object) {
+    auto* w = qobject_cast<QWidget*>(object);
+    if (!w) return nullptr;
+    if (className == QLatin1String(Label::staticMetaObject.className()))
+        return new ControlAccessible(w, QAccessible::StaticText);
+    if (className == QLatin1String(Image::staticMetaObject.className()))
+        return new ControlAccessible(w, QAccessible::Graphic);
+    if (className == QLatin1String(Frame::staticMetaObject.className()))
+        return new ControlAccessible(w, QAccessible::Grouping);
+    return nullptr;
+}
+
+void installAccessibleControls() {
+    static const bool installed = [] {
+        QAccessible::installFactory(controlAccessible);
+        return true;
+    }();
+    (void)installed;
+}
+
+// Tells a screen reader that a control's caption changed.
+void announceName(QWidget* w) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleEvent e(w, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&e);
+}
+
+}  // namespace
+
 // ---------------------------------------------------------------- Label
 
 Label::Label(const Row& row, int index, Controls* owner, QWidget* parent)
     : QWidget(parent), Control(this, row, index, owner) {
+    installAccessibleControls();
     face_.text = QString::fromUtf8(row.caption);
     syncFace();
     finish(*this, row, false);
@@ -328,6 +443,7 @@ void LabelFace::style(const Row& row, const QFont& designFont, Rgb foreColour, R
     fore = toQColor(foreColour);
     back = toQColor(backColour);
     transparent = row.transparent;
+    outline = row.outline;
     border = row.border;
     wrap = row.wordWrap;
     align = row.align;
@@ -345,6 +461,7 @@ void Label::setCaption(const QString& text) {
     face_.text = text;
     face_.invalidate();
     update();
+    announceName(this);
 }
 void Label::setForeColor(Rgb colour) {
     fore_ = colour;
@@ -407,7 +524,7 @@ void Label::mouseReleaseEvent(QMouseEvent* e) {
 
 Button::Button(const Row& row, int index, Controls* owner, QWidget* parent)
     : QAbstractButton(parent), Control(this, row, index, owner) {
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus);
     setText(QString::fromUtf8(row.caption));
     syncFace();
     finish(*this, row, false);
@@ -454,21 +571,42 @@ void Button::paintEvent(QPaintEvent*) {
     }
 }
 
+namespace {
+
+// The window lost or regained the focus: what the focus looked like stays.
+bool windowSwitch(Qt::FocusReason r) { return r == Qt::ActiveWindowFocusReason || r == Qt::PopupFocusReason; }
+
+}  // namespace
+
 void Button::focusInEvent(QFocusEvent* e) {
     const Qt::FocusReason r = e->reason();
-    focusCue_ = r == Qt::TabFocusReason || r == Qt::BacktabFocusReason || r == Qt::ShortcutFocusReason;
+    if (!windowSwitch(r))
+        focusCue_ = r == Qt::TabFocusReason || r == Qt::BacktabFocusReason || r == Qt::ShortcutFocusReason;
     QAbstractButton::focusInEvent(e);
 }
 
+void Button::focusOutEvent(QFocusEvent* e) {
+    if (!windowSwitch(e->reason())) focusCue_ = false;
+    QAbstractButton::focusOutEvent(e);
+}
+
 void Button::mousePressEvent(QMouseEvent* e) {
-    focusCue_ = false;
+    if (focusCue_) {
+        focusCue_ = false;
+        update();
+    }
     QAbstractButton::mousePressEvent(e);
 }
 
 void Button::keyPressEvent(QKeyEvent* e) {
-    if (!focusCue_) {
+    const bool presses = e->key() == Qt::Key_Space || e->key() == Qt::Key_Select || e->key() == Qt::Key_Return ||
+                         e->key() == Qt::Key_Enter;
+    if (!focusCue_ && presses) {
+        // Nobody can see where the focus is: show it, press nothing.
         focusCue_ = true;
         update();
+        e->accept();
+        return;
     }
     if ((e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) && e->modifiers() == Qt::NoModifier) {
         e->accept();
@@ -491,7 +629,7 @@ CheckBox::CheckBox(const Row& row, int index, Controls* owner, QWidget* parent)
 OptionButton::OptionButton(const Row& row, int index, Controls* owner, QWidget* parent)
     : QRadioButton(parent), Control(this, row, index, owner) {
     setText(QString::fromUtf8(row.caption));
-    setAutoExclusive(false);   // the array's group decides
+    setAutoExclusive(false);   // the array's group decides, once it has one
     setChecked(row.value != 0);
     finish(*this, row, true);
     connect(this, &QRadioButton::toggled, this, [this](bool on) {
@@ -563,6 +701,7 @@ void TextBox::keyPressEvent(QKeyEvent* e) {
 
 Image::Image(const Row& row, int index, Controls* owner, QWidget* parent)
     : QWidget(parent), Control(this, row, index, owner) {
+    installAccessibleControls();
     finish(*this, row, false);
     if (*row.picture) setPicture(row.picture);
 }
@@ -656,13 +795,16 @@ void PictureBox::mouseReleaseEvent(QMouseEvent* e) {
 
 Frame::Frame(const Row& row, int index, Controls* owner, QWidget* parent)
     : QWidget(parent), Control(this, row, index, owner), caption_(QString::fromUtf8(row.caption)) {
+    installAccessibleControls();
     Frame::setBackColor(back_);
     finish(*this, row, false);
 }
 
 void Frame::setCaption(const QString& t) {
+    if (t == caption_) return;
     caption_ = t;
     update();
+    announceName(this);
 }
 
 void Frame::setBackColor(Rgb colour) {
@@ -769,6 +911,10 @@ Control* Controls::make(const Row& row, int index, QWidget* container) {
     case Kind::Option: {
         auto* o = new OptionButton(row, index, this, container);
         groupFor(row.name, container)->addButton(o);
+        // In its group, the option ignores the other options of its
+        // container; auto-exclusive, a screen reader hears it as a radio
+        // button rather than a check box.
+        o->setAutoExclusive(true);
         c = o;
         break;
     }

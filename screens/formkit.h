@@ -85,7 +85,8 @@ enum class Kind {
 
 // The font family that stands in for a face: Arial -> "Liberation Sans";
 // Tahoma -> the family of /usr/share/wine/fonts/tahoma.ttf (loaded once,
-// with its bold file), else "DejaVu Sans".
+// with a bold face made by fitBoldFace from the clone's bold file and DejaVu
+// Sans Bold, or the clone's bold file as it is), else "DejaVu Sans".
 QString fontFamily(Face face);
 QFont makeFont(Face face, double points, bool bold);
 
@@ -103,6 +104,10 @@ struct Row {
     std::optional<Rgb> fore = std::nullopt;
     std::optional<Rgb> back = std::nullopt;
     bool transparent = false;   // label, button: the back colour is not painted
+    // Label: a thin edge round each letter in a colour that stands out from
+    // the text's own, for coloured text drawn straight on a picture or a
+    // colour it does not stand out from.
+    bool outline = false;
     Align align = Align::Left;
     bool visible = true;
     bool enabled = true;
@@ -199,9 +204,10 @@ private:
 };
 
 // How a label or a label-button paints: on its back colour or transparent,
-// its border, its text wrapped at words and aligned. A text that does not fit
-// the box at the design size is drawn with the font stepped down a pixel at a
-// time until it does.
+// its border, its text wrapped at words and aligned, outlined or not. A text
+// that does not fit the box at the design size is drawn with the font stepped
+// down a pixel at a time until it does; an outline follows the text at the
+// size it is drawn, and never makes it smaller.
 class LabelFace {
 public:
     QString text;
@@ -210,6 +216,7 @@ public:
     bool transparent = false;
     bool border = false;
     bool wrap = true;
+    bool outline = false;
     Align align = Align::Left;
 
     // The font the text is drawn with in a box of this size.
@@ -224,11 +231,17 @@ public:
     // Takes the look of a control's row, at the given font and colours.
     void style(const Row& row, const QFont& designFont, Rgb foreColour, Rgb backColour);
     static constexpr int borderWidth = 2;
+    static constexpr int outlineWidth = 1;
+    // The colour of the outline round text of this colour: a dark blue where
+    // that stands out from the text by 4.5 : 1 or more, else a light grey
+    // where that does, else white.
+    static QColor outlineFor(const QColor& text);
 
 private:
     mutable QSize cachedFor_;
     mutable QFont fitted_;
     mutable int lift_ = 0;
+    mutable bool outlineRoom_ = false;   // the outlined text fits inside the box with its outline
 };
 
 class Label : public QWidget, public Control {
@@ -259,8 +272,10 @@ private:
 };
 
 // A label with a border and a click handler, on QAbstractButton so that it
-// takes the focus, answers Space and Enter and is announced as a push button
-// named by its caption.
+// answers Space and Enter and is announced as a push button named by its
+// caption. It takes the focus from the keyboard only (Tab), never from a
+// click, and shows it with a dotted frame while the focus came by keyboard; a
+// Space or Enter that finds the focus unshown only shows it.
 class Button : public QAbstractButton, public Control {
     Q_OBJECT
 public:
@@ -278,6 +293,7 @@ protected:
     void paintEvent(QPaintEvent*) override;
     void keyPressEvent(QKeyEvent* e) override;
     void focusInEvent(QFocusEvent* e) override;
+    void focusOutEvent(QFocusEvent* e) override;
     void mousePressEvent(QMouseEvent* e) override;
 
 private:
@@ -336,6 +352,7 @@ private:
 // A light picture control. Not stretched, it takes the picture's size, as
 // the classic image control did; stretched, the picture fills its box. A
 // file that cannot be read leaves it empty.
+// A screen reader finds it as a graphic named by its accessibleName().
 class Image : public QWidget, public Control {
     Q_OBJECT
 public:

@@ -7,6 +7,7 @@ namespace fendle {
 
 Grey::Grey(Module1& module) : Form(module, formName) {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint);
+    setWindowName(msg::windowGrey);
     if (const QScreen* s = screen()) setGeometry(s->geometry());
 }
 

@@ -56,7 +56,7 @@ constexpr Row highscoresRows[] = {
     {.name = "Label4", .left = 120, .top = 0, .width = 5355, .height = 1215, .caption = "FENDLE!", .font = Face::Tahoma,
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label7", .left = 4950, .top = 225, .width = 225, .height = 165, .caption = "TM", .font = Face::Tahoma,
-     .size = 6.75, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .size = 6.75, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     {.name = "Label2", .left = 120, .top = 1080, .width = 5280, .height = 480, .caption = "High Scores", .size = 20.25,
      .bold = true, .fore = colour::yellow, .transparent = true, .align = Align::Centre},
     // The panel has the form's colour and paints nothing of its own, so that
@@ -100,6 +100,7 @@ Highscores::Highscores(Module1& module) : Form(module, formName) {
     // In front of all other windows, where the window manager allows it.
     setWindowFlags(windowFlags() | Qt::WindowStaysOnTopHint);
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowHighscores);
     setBackColor(setupBlue);
     build(highscoresRows);
     onClick("Label3", [this](int i) { Label3_Click(i); });

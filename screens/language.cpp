@@ -21,6 +21,7 @@ void applyLayoutByLanguage(Form& form, binding::Screen screen) {
 }
 
 void textshow(Form& form, binding::Screen screen, int ruleSet) {
+    form.refreshWindowName();
     const Module1& m = form.module();
     if (!m.tables) return;
     for (const binding::Caption& cap : binding::textshow(screen, m.state.languagenumber, *m.tables, m.state.texts, ruleSet))

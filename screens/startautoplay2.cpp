@@ -33,7 +33,7 @@ constexpr Row startautoplay2Rows[] = {
     {.name = "Label4", .left = 120, .top = 0, .width = 5355, .height = 1215, .caption = "FENDLE!", .font = Face::Tahoma,
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label6", .index = 0, .left = 4920, .top = 225, .width = 255, .height = 165, .caption = "TM",
-     .font = Face::Tahoma, .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .font = Face::Tahoma, .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     {.name = "Label2", .left = 120, .top = 1320, .width = 3120, .height = 1680, .caption = " Set Level for the computer",
      .size = 20.25, .bold = true, .fore = orange, .transparent = true, .align = Align::Centre},
     {.name = "Image2", .kind = Kind::Image, .left = 3600, .top = 1440, .width = 1500, .height = 2085,
@@ -59,6 +59,7 @@ std::span<const kit::Row> Startautoplay2::rows() { return startautoplay2Rows; }
 
 Startautoplay2::Startautoplay2(Module1& module) : Form(module, formName) {
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowStartautoplay2);
     setBackColor(setupBlue);
     build(startautoplay2Rows);
     onClick("Option1", [this](int i) { Option1_Click(i); });

@@ -38,7 +38,7 @@ constexpr Row startplay2Rows[] = {
     {.name = "Label4", .left = 120, .top = 0, .width = 5355, .height = 1215, .caption = "FENDLE!", .font = Face::Tahoma,
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label7", .left = 4920, .top = 225, .width = 255, .height = 165, .caption = "TM", .font = Face::Tahoma,
-     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     {.name = "Label6", .kind = Kind::Button, .left = 240, .top = 1440, .width = 2895, .height = 435,
      .caption = "The Rules", .size = 15.75, .bold = true, .fore = colour::yellow, .back = colour::black,
      .align = Align::Centre, .border = true},
@@ -108,6 +108,7 @@ std::span<const kit::Row> Startplay2::rows() { return startplay2Rows; }
 
 Startplay2::Startplay2(Module1& module) : Form(module, formName) {
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowStartplay2);
     setBackColor(setupBlue);
     build(startplay2Rows);
     onClick("Check1", [this](int) { Check1_Click(); });

@@ -36,7 +36,7 @@ constexpr Row frameRows[] = {
     {.name = "Label4", .left = 120, .top = 120, .width = 5355, .height = 1215, .caption = "FENDLE!",
      .font = Face::Tahoma, .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label1", .left = 4920, .top = 345, .width = 255, .height = 165, .caption = "TM", .font = Face::Tahoma,
-     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     {.name = "Picture1", .kind = Kind::PictureBox, .left = 360, .top = 1200, .width = 4800, .height = 3600,
      .picture = "Images\\fendlemd.bmp"},
     button("Label9", 720, 4320, 3975, "Teachers' Guide", false),
@@ -60,6 +60,7 @@ std::span<const kit::Row> Titlefrm::rows() { return titleRows; }
 
 Titlefrm::Titlefrm(Module1& module) : Form(module, formName) {
     setClientSizeTwips(clientWidth, clientHeight);
+    setWindowName(msg::windowTitlefrm);
     build(titleRows);
     onClick("Label5", [this](int) { Label5_Click(); });
     onClick("Picture1", [this](int) { Label5_Click(); });

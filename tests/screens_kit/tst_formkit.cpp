@@ -3,12 +3,16 @@
 // behave as the screens expect.
 #include <QAccessible>
 #include <QDir>
+#include <QFile>
 #include <QFontInfo>
+#include <QFontMetricsF>
+#include <QRawFont>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "screens/bold_face.h"
 #include "screens/formkit.h"
 
 using namespace fendle;
@@ -122,18 +126,87 @@ private slots:
         QCOMPARE(a->text(QAccessible::Name), QStringLiteral("Exit"));
         exit->setCaption(QStringLiteral("Sortie"));
         QCOMPARE(a->text(QAccessible::Name), QStringLiteral("Sortie"));
-        QVERIFY(exit->focusPolicy() & Qt::TabFocus);
 
+        // The focus comes from the keyboard only. A click presses the button
+        // and leaves the focus where it was, unseen; the first Space after
+        // that shows the focus, the next presses.
         QList<int> clicked;
         host.controls.onClick("Label3", [&](int i) { clicked << i; });
+        QTest::mouseClick(exit, Qt::LeftButton);
+        QVERIFY(!exit->hasFocus());
         exit->setFocus(Qt::TabFocusReason);
         QTest::keyClick(exit, Qt::Key_Space);
         QTest::keyClick(exit, Qt::Key_Return);
         QTest::mouseClick(exit, Qt::LeftButton);
+        QCOMPARE(clicked, (QList<int>{0, 0, 0, 0}));
+        QTest::keyClick(exit, Qt::Key_Space);
+        QCOMPARE(clicked.size(), 4);
+        QTest::keyClick(exit, Qt::Key_Space);
         // The other elements of the array are labels; the same handler serves them.
         host.controls.find("Label3", 2)->setVisible(true);
         QTest::mouseClick(host.controls.find("Label3", 2)->widget(), Qt::LeftButton);
-        QCOMPARE(clicked, (QList<int>{0, 0, 0, 2}));
+        QCOMPARE(clicked, (QList<int>{0, 0, 0, 0, 0, 2}));
+    }
+
+    // The bold Tahoma draws stems visibly heavier than the regular, and
+    // every character takes the room it takes in the clone's bold file, so
+    // that no layout moves.
+    void boldTahomaIsBoldAtTheClonesWidths() {
+        const QString cloneBold = QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf");
+        if (!QFile::exists(cloneBold)) QSKIP("the Tahoma clone is not installed");
+        auto font = [](int pixels, bool bold) {
+            QFont f = kit::makeFont(Face::Tahoma, 12, bold);
+            f.setPixelSize(pixels);
+            return f;
+        };
+        // The ink across the middle of an "l", in pixels.
+        auto stem = [](const QFont& f) {
+            QImage img(4 * f.pixelSize(), 2 * f.pixelSize(), QImage::Format_Grayscale8);
+            img.fill(255);
+            QPainter p(&img);
+            p.setFont(f);
+            p.drawText(f.pixelSize(), 3 * f.pixelSize() / 2, QStringLiteral("l"));
+            p.end();
+            int top = img.height(), bottom = -1;
+            for (int y = 0; y < img.height(); ++y)
+                for (int x = 0; x < img.width(); ++x)
+                    if (img.constScanLine(y)[x] < 128) top = std::min(top, y), bottom = std::max(bottom, y);
+            double ink = 0;
+            for (int x = 0; x < img.width(); ++x) ink += (255 - img.constScanLine((top + bottom) / 2)[x]) / 255.0;
+            return ink;
+        };
+        for (int pixels : {15, 21, 37, 64}) {
+            const double bold = stem(font(pixels, true)), regular = stem(font(pixels, false));
+            QVERIFY2(bold >= 1.4 * regular, qPrintable(QString("%1 px: %2 against %3").arg(pixels).arg(bold).arg(regular)));
+        }
+        QString characters = QStringLiteral("\u20ac\u2019\u2013");
+        for (char16_t c = 0x20; c < 0x17F; ++c)
+            if (c < 0x7F || c >= 0xA0) characters += QChar(c);
+        for (int pixels : {9, 13, 15, 16, 19, 21, 35, 37, 64}) {
+            const QRawFont clone(cloneBold, pixels);
+            const QFontMetricsF metrics(font(pixels, true));
+            for (QChar c : characters) {
+                const QList<quint32> glyph = clone.glyphIndexesForString(QString(c));
+                if (glyph.isEmpty() || glyph[0] == 0) continue;   // not in the clone
+                if (metrics.horizontalAdvance(c) != clone.advancesForGlyphIndexes(glyph)[0].x())
+                    QFAIL(qPrintable(QString("%1 at %2 px").arg(c).arg(pixels)));
+            }
+        }
+    }
+
+    // A font file cut short or of the wrong kind gives no face, and the
+    // clone's own bold file stays in use.
+    void aDamagedFontGivesNoBoldFace() {
+        QFile spacingFile(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"));
+        QFile shapesFile(QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"));
+        if (!spacingFile.open(QIODevice::ReadOnly) || !shapesFile.open(QIODevice::ReadOnly))
+            QSKIP("the fonts are not installed");
+        const std::string spacing = spacingFile.readAll().toStdString(), shapes = shapesFile.readAll().toStdString();
+        QVERIFY(kit::fitBoldFace(spacing, shapes));
+        for (std::size_t cut : {std::size_t(0), std::size_t(11), std::size_t(300), spacing.size() / 2, spacing.size() - 8})
+            QVERIFY2(!kit::fitBoldFace(spacing.substr(0, cut), shapes), qPrintable(QString::number(cut)));
+        QVERIFY(!kit::fitBoldFace(spacing, shapes.substr(0, shapes.size() / 2)));
+        QVERIFY(!kit::fitBoldFace(spacing, std::string(4096, '\x7f')));
     }
 
     void disabledButtonAndLabelDim() {
@@ -193,7 +266,10 @@ private slots:
     }
 
     void longTextShrinksIntoItsBox() {
-        const struct { const char* text; QSize box; bool border, shrinks; } cases[] = {
+        const QFont design = kit::makeFont(Face::Arial, 15.75, true);
+        // A word that just fits its box: its outline must not make it smaller.
+        const int rouge = QFontMetrics(design).horizontalAdvance(QStringLiteral("Rouge"));
+        const struct { const char* text; QSize box; bool border, shrinks, outline = false; } cases[] = {
             {"Exit", {89, 25}, true, false},
             {"Set Total Time Allowed", {208, 50}, false, false},   // two lines that fit
             {"6", {33, 33}, true, false},                          // a die's digit fills its face
@@ -202,14 +278,19 @@ private slots:
             {"Spielanleitung", {90, 40}, false, true},             // one long word
             {"Maximiliano Bartholomew Featherstonehaugh", {232, 24}, false, true},
             {"100", {32, 32}, false, true},
+            // Outlined, the text keeps its size and its outline its box.
+            {"Seconds\nRemaining", {120, 50}, false, false, true},
+            {"Spielanleitung", {90, 40}, false, true, true},
+            {"Rouge", {rouge + 1, 24}, false, false, true},
         };
-        for (const auto& [text, box, border, shrinks] : cases) {
+        for (const auto& [text, box, border, shrinks, outline] : cases) {
             kit::LabelFace face;
             face.text = QString::fromUtf8(text);
-            face.font = kit::makeFont(Face::Arial, 15.75, true);
+            face.font = design;
             face.fore = Qt::white;
             face.back = Qt::black;
             face.border = border;
+            face.outline = outline;
             face.align = Align::Centre;
             const int drawn = face.fitted(box).pixelSize();
             QVERIFY2(shrinks ? drawn < 21 : drawn == 21, text);
