@@ -92,6 +92,36 @@ private slots:
         QVERIFY(testing::contains(testing::hear(board), {QAccessible::StaticText, "Red to Play"}));
     }
 
+    // The screens round the game, in English and in Welsh: the language
+    // screen, the guide, the Cheat Chart and the five rule pages of the set.
+    void theOtherScreensAreHeardWholeAndByName() {
+        struct Lang { int number; const char* languages; const char* chart; const char* rules; };
+        const Lang langs[] = {
+            {0, "Fendle! \u2013 Choose a language", "Fendle! Cheat Chart", "Fendle! \u2013 The rules, page %1 of 5"},
+            {6, "Fendle! \u2013 Dewis iaith", "Fendle! Taflen Gymorth", "Fendle! \u2013 Y rheolau, tudalen %1 o 5"},
+        };
+        for (const Lang& l : langs) {
+            GameRun g;
+            g.write("numlang.txt", QByteArray::number(l.number) + "\r\n");
+            g.open();
+            ScreenRegistry& screens = g.module->screens;
+            screens.show("languages");
+            CHECK_HEARD(g.screen("languages"), l.languages);
+            if (l.number == 0) {
+                screens.show("TeacherGuide");
+                CHECK_HEARD(g.screen("TeacherGuide"), "Fendle! \u2013 Teachers' Guide");
+            }
+            screens.show("Cheatchart");
+            CHECK_HEARD(g.screen("Cheatchart"), l.chart);
+            for (int page = 1; page <= 5; ++page) {
+                const std::string name = binding::ruleFormName(page, l.number);
+                screens.show(name);
+                CHECK_HEARD(screens.form(name), QString(l.rules).arg(page));
+                screens.unload(name);
+            }
+        }
+    }
+
     void theBoardSpeaksTheChosenLanguage() {
         GameRun g;
         g.write("numlang.txt", "1\r\n");
