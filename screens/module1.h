@@ -52,6 +52,9 @@ public:
     std::array<std::string, 11> highnames{};
     std::array<i16, 11> highpoints{};
     i16 newhighrow = 0;   // 0: no name awaited; else the row awaiting one, plus 1
+    // True while the table holds entries that highscores.txt could not take:
+    // the arrays are then kept as they are, not read over from the file.
+    bool highscoresAheadOfFile = false;
 
     // Gives a screen the page size of 12000 x 9000 twips (800 x 600 pixels)
     // and centres it on its screen, with the hourglass up meanwhile.

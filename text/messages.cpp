@@ -9,6 +9,8 @@ namespace {
 
 constexpr Message everyMessage[] = {
     msg::languageNotSaved,
+    msg::highscoreNotSaved,
+    msg::gameNotSaved,
     msg::windowTitlefrm,
     msg::windowStartplay2,
     msg::windowStartautoplay2,

@@ -31,6 +31,15 @@ namespace msg {
 inline constexpr Message languageNotSaved{
     "languageNotSaved", "Your choice of language could not be saved. Fendle! will use it until you close the game."};
 
+// Told when Continue on the high-score screen cannot write highscores.txt.
+inline constexpr Message highscoreNotSaved{
+    "highscoreNotSaved",
+    "Your score could not be saved in the high-score table. Fendle! will keep it until you close the game."};
+
+// Told when Exit on the board cannot write lastgame.inf.
+inline constexpr Message gameNotSaved{
+    "gameNotSaved", "This game could not be saved, so you will not be able to carry on with it later."};
+
 // Accessible names of the windows; their visible captions stay as designed.
 inline constexpr Message windowTitlefrm{"windowTitlefrm", "Fendle! \u2013 Start"};
 inline constexpr Message windowStartplay2{"windowStartplay2", "Fendle! \u2013 Set up the game"};

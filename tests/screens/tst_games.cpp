@@ -222,15 +222,10 @@ private slots:
         QVERIFY(scores && scores->isVisible());
         QCOMPARE(GameRun::caption(scores, "Label9", 0), QString("20"));
 
-        // A file that cannot be written keeps the screen and the entry.
-        QVERIFY(QDir(g.folder.path()).mkdir("highscores.txt"));
+        // Continue without a name writes the entry.
         GameRun::press(scores, "Label3", 0);
-        QCOMPARE(g.messages.size(), 1);
-        QVERIFY(g.loaded("highscores"));
-        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
-        QVERIFY(QDir(g.folder.path()).rmdir("highscores.txt"));
-        GameRun::press(scores, "Label3", 0);   // without a name
         QVERIFY(!g.loaded("highscores"));
+        QVERIFY(g.messages.isEmpty());
         const HighScores t = tableOnDisk(g);
         QCOMPARE(t.highnames[0], std::string());
         QCOMPARE(int(t.highpoints[0]), 20);
