@@ -37,12 +37,22 @@ TEST(KilledWhileSaving, TheFileIsAlwaysOneWholeGame) {
     std::mt19937 rng(29);
     int sawA = 0, sawB = 0;
     for (int round = 0; round < 300; ++round) {
+        int ready[2];
+        ASSERT_EQ(::pipe(ready), 0);
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
-            // Saves the two games in turn until it is killed.
-            for (int i = 0;; ++i) writeLastgame(path, i % 2 ? a : b);
+            // Saves the two games in turn until it is killed, and says so
+            // once the first save is on disk.
+            for (int i = 0;; ++i) {
+                writeLastgame(path, i % 2 ? a : b);
+                if (i == 0 && ::write(ready[1], "x", 1) != 1) ::_exit(1);
+            }
         }
+        char byte = 0;
+        ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+        ::close(ready[0]);
+        ::close(ready[1]);
         ::usleep(static_cast<useconds_t>(rng() % 4000));
         ::kill(child, SIGKILL);
         int status = 0;
@@ -53,7 +63,7 @@ TEST(KilledWhileSaving, TheFileIsAlwaysOneWholeGame) {
         ASSERT_TRUE(readLastgame(*bytes)) << "round " << round;
         (*bytes == textA ? sawA : sawB)++;
     }
-    // The writer really was caught at work: both games were on disk at times.
+    // The writer really was caught at work: each game was on disk at times.
     EXPECT_GT(sawA, 10);
     EXPECT_GT(sawB, 10);
     std::filesystem::remove_all(folder);
