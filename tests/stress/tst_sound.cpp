@@ -125,14 +125,14 @@ std::pair<double, long> bestMatch(const std::vector<float>& rec, const std::vect
 }
 
 // How much of a wave the recording holds, piece by piece: its body in
-// pieces of 100 ms, the first looked for between `from` and `to`, each
-// further one within 50 ms of where the one before it ended, or further
-// either way after a miss. A sink that drops or delays a block under load then costs
-// only the piece it hits.
-// Returns the share of the pieces found (correlation above 0.8) and where
-// the first one lies. Strict: a correlation above 0.9, the first piece must
-// be found, and no piece is looked for further on; that is how a rival wave
-// is tried at the place where another was found.
+// pieces of 100 ms, the first where the wave's start is found between `from`
+// and `to`, each further one within 50 ms of where the one before it ended,
+// or further either way after a miss. A sink that drops or delays a block
+// under load then costs only the piece it hits. Returns the share of the
+// pieces found (correlation above 0.8) and where the first one lies.
+// Strict: a correlation above 0.9, the first piece must be found, and no
+// piece is looked for further on; that is how a rival wave is tried at the
+// place where another was found.
 std::pair<double, long> heard(const std::vector<float>& rec, const std::vector<float>& body, long from, long to,
                               bool strict = false) {
     const std::size_t piece = std::min<std::size_t>(rate / 10, body.size());
@@ -140,7 +140,11 @@ std::pair<double, long> heard(const std::vector<float>& rec, const std::vector<f
     const auto part = [&](std::size_t k) {
         return std::vector<float>(body.begin() + long(k), body.begin() + long(std::min(body.size(), k + piece)));
     };
-    const auto [firstScore, first] = bestMatch(rec, part(0), from, to);
+    // The wave's first half second places it: a single piece of a rattle
+    // could match a later rattle better than its own place.
+    const std::vector<float> head(body.begin(), body.begin() + long(std::min<std::size_t>(body.size(), rate / 2)));
+    const long first = bestMatch(rec, head, from, to).second;
+    const double firstScore = bestMatch(rec, part(0), first - rate / 100, first + rate / 100).first;
     const double enough = strict ? 0.9 : 0.8;
     if (strict && firstScore <= enough) return {0.0, first};
     int found = firstScore > enough, pieces = 1, misses = 0;
