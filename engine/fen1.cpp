@@ -1,5 +1,6 @@
 #include "engine/fen1.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -164,6 +165,10 @@ void Fen1::playIfSound(std::string_view wave) {
     if (module.soundon == 1) ports_.sound.playwave(wave);
 }
 
+void Fen1::stepTurn() {
+    turn = static_cast<i16>(turn >= turnLimit ? turn - turnFold + 1 : turn + 1);
+}
+
 void Fen1::dimDice() {
     for (auto& die : model.Label4) die.enabled = false;
 }
@@ -290,7 +295,7 @@ void Fen1::Label1_Click(i16 Index) {
     const int n = Index;
 
     ports_.timers.stop(Timer7);
-    turn = static_cast<i16>(turn + 1);
+    stepTurn();
 
     if (search.allowed[at(n)] == 0) {
         for (auto& clock : model.Label12) clock.visible = false;
@@ -318,7 +323,7 @@ void Fen1::Label1_Click(i16 Index) {
     const int points = zone.reward + bonus;
     const int p = turn % module.nplayers;
     i16& s = score(p);
-    s = static_cast<i16>(s + points);
+    s = static_cast<i16>(std::min(s + points, 32767));
     model.Label6[at(p + 1)].caption = std::to_string(s);
     module.boardowner[at(n)] = static_cast<i16>(p + 1);
     if (movecount >= 1 && movecount <= 100) {
@@ -379,6 +384,7 @@ void Fen1::Timer4_Timer() {
 }
 
 void Fen1::Timer3_Timer() {
+    if (winflash >= winflashLimit) winflash = static_cast<i16>(winflash - winflashLimit);
     winflash = static_cast<i16>(winflash + 1);
     if (winflash % 2 == 1) model.Label2.fore = colour::white;
     else if (winner >= 1 && winner <= 4) model.Label2.fore = players[at(winner - 1)].text;
@@ -397,7 +403,7 @@ void Fen1::Timer1_Timer() {
     turn = static_cast<i16>(turn - 1);
     int q = 0;
     for (int tries = 0; tries <= module.nplayers; ++tries) {
-        turn = static_cast<i16>(turn + 1);
+        stepTurn();
         q = (turn + 1) % module.nplayers;
         if (model.Label6[at(q + 1)].enabled) break;
     }

@@ -91,6 +91,15 @@ public:
     std::string playword = "to Play";
     std::string pathbonustext = "+500";
 
+    // turn never goes past turnLimit: one step beyond it, it comes back by
+    // turnFold, a multiple of 12, which keeps turn mod 1, 2, 3 and 4 (the
+    // player on turn) and its parity (the computer's turn). A saved game
+    // with a turn above turnLimit is one no game can reach.
+    static constexpr i16 turnLimit = 32000;
+    static constexpr i16 turnFold = 12 * 2500;
+    // The end-of-game flash counts on with its parity past this bound.
+    static constexpr i16 winflashLimit = 32000;
+
     // Form variables.
     i16 turn = -1;                     // index of the latest move
     std::array<i16, 101> movelist{};   // covered hexagons, 0 behind the last
@@ -125,6 +134,7 @@ private:
     void startEnding();
     void playIfSound(std::string_view wave);
     void dimDice();
+    void stepTurn();
     bool neighbours(int p, int q) const;
 
     Ports ports_;

@@ -9,6 +9,8 @@ namespace fendle {
 
 namespace {
 
+constexpr int maxScoreBeforePath = 14460 + 75 * 100 + 25 * 200;
+
 // A caption as the file keeps it: empty, or the number it shows. The board
 // only ever writes digits into these captions; anything else is read by the
 // list-input rule (a non-number is 0), and a value beyond 16 bits is held at
@@ -121,10 +123,13 @@ std::optional<SavedGame> readLastgame(std::optional<std::string_view> bytes) {
     //    game of two;
     //  - every hexagon free or held by a player of this game;
     //  - a save is made only after the second move: turn is 1 or more (a
-    //    negative turn would give a negative player on turn);
+    //    negative turn would give a negative player on turn), and the board
+    //    never lets it pass Fen1::turnLimit;
     //  - no clocks, or at least 5 seconds and at most the 4 digits of the
     //    time box; no clock below 0, and with no clocks nobody out of time;
-    //  - no score below 0;
+    //  - no score below 0, nor above what one player can make on a board
+    //    before the path: every reward (14460) and every bonus (at most
+    //    75 x 100 + 25 x 200) together;
     //  - sound and backdrop 0 or 1.
     for (int i = 1; i <= 100; ++i) {
         if (f[2 * i - 1].value != i || f[2 * i - 1].empty) return std::nullopt;
@@ -133,13 +138,13 @@ std::optional<SavedGame> readLastgame(std::optional<std::string_view> bytes) {
     if (g.nplayers < 1 || g.nplayers > 4) return std::nullopt;
     if (g.computerlevel < 0 || g.computerlevel > 3) return std::nullopt;
     if (g.computerlevel != 0 && g.nplayers != 2) return std::nullopt;
-    if (g.turn < 1) return std::nullopt;
+    if (g.turn < 1 || g.turn > Fen1::turnLimit) return std::nullopt;
     if (g.timeallowed != 0 && (g.timeallowed < 5 || g.timeallowed > 9999)) return std::nullopt;
     for (int p = 1; p <= 4; ++p) {
         const i16 seconds = g.seconds[p].value_or(0);
         if (seconds < 0) return std::nullopt;
         if (g.timeallowed == 0 && p <= g.nplayers && seconds < 1) return std::nullopt;
-        if (g.scores[p].value_or(0) < 0) return std::nullopt;
+        if (g.scores[p].value_or(0) < 0 || g.scores[p].value_or(0) > maxScoreBeforePath) return std::nullopt;
     }
     if ((g.soundon != 0 && g.soundon != 1) || (g.greyback != 0 && g.greyback != 1)) return std::nullopt;
     return g;

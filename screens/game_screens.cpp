@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
+#include <QTimer>
 
 #include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
@@ -51,8 +52,13 @@ Fen1Form* loadedBoard(Module1& module) {
 void savegame(Module1& module) {
     Fen1Form* board = loadedBoard(module);
     if (!board) return;
-    // A failed write keeps the game saved before, whole.
-    writeLastgame(gamePath(lastgameFile), makeSavedGame(module.state, board->game()));
+    // A failed write keeps the game saved before, whole. The pupil is told
+    // once the board has gone and the title screen stands, not in the middle
+    // of Exit while the board's timers could still tick.
+    if (!writeLastgame(gamePath(lastgameFile), makeSavedGame(module.state, board->game()))) {
+        const QString text = module.message(msg::gameNotSaved);
+        QTimer::singleShot(0, QCoreApplication::instance(), [text] { tellUser(text); });
+    }
 }
 
 
@@ -64,6 +70,8 @@ void tellUser(const QString& text) {
         return;
     }
     QMessageBox box(QMessageBox::Warning, QStringLiteral("Fendle!"), text, QMessageBox::Ok);
+    // In front of the high-score screen, which stays on top of the others.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.exec();
 }
 

@@ -28,7 +28,8 @@ inline constexpr const char* notice = "Fendle! \u00A9 2026 The Fendle! Team. All
 void defineGameScreens(Module1& module);
 
 // The Exit save: lastgame.inf from the loaded board, written whole or not at
-// all. A write that fails leaves the old file and says nothing.
+// all. A write that fails leaves the old file, and the user is told, in
+// plain words, as soon as Exit has finished.
 void savegame(Module1& module);
 
 // The board window if it is loaded; null otherwise. Never creates it.

@@ -111,8 +111,9 @@ void Highscores::Form_Load() {
     centre();
     textshow(*this, binding::Screen::highscores);
     boardButtons(m, false);
-    // After a game the arrays are ahead of the file and are not read.
-    if (m.newhighrow == 0) {
+    // After a game, or after a write that failed, the arrays are ahead of the
+    // file and are not read.
+    if (m.newhighrow == 0 && !m.highscoresAheadOfFile) {
         HighScores t = tableOf(m);
         readHighScores(readFileBytes(gamePath(highscoresFile)), t);
         keep(m, t);
@@ -132,17 +133,12 @@ void Highscores::Label3_Click(int) {
     if (m.newhighrow > 0) {
         HighScores t = tableOf(m);
         enterName(t, m.newhighrow, control("Text1")->caption().toStdString());
-        std::string error;
-        if (!writeHighScores(gamePath(highscoresFile), t, &error)) {
-            // Nothing is lost: the screen stays, and Continue can try again.
-            tellUser(QStringLiteral("The high scores could not be saved (%1).\nThe entry is kept: make %2 writable "
-                                    "and press Continue again.")
-                         .arg(QString::fromStdString(error), QString::fromUtf8(highscoresFile.data(),
-                                                                                qsizetype(highscoresFile.size()))));
-            return;
-        }
+        // The entry stays in the table for the rest of the run, whether the
+        // file takes it or not: Continue always leads on.
         keep(m, t);
         m.newhighrow = 0;
+        m.highscoresAheadOfFile = !writeHighScores(gamePath(highscoresFile), t);
+        if (m.highscoresAheadOfFile) tellUser(m.message(msg::highscoreNotSaved));
     }
     boardButtons(m, true);
     m.screens.unload(formName);
@@ -153,7 +149,7 @@ void checkhighscore(Module1& m) {
     Fen1Form* board = loadedBoard(m);
     if (!board) return;
     HighScores t = tableOf(m);
-    readHighScores(readFileBytes(gamePath(highscoresFile)), t);
+    if (!m.highscoresAheadOfFile) readHighScores(readFileBytes(gamePath(highscoresFile)), t);
     std::array<int, 5> scorebox{};
     for (int i = 1; i <= 4; ++i) scorebox[static_cast<std::size_t>(i)] = board->game().scoreboxValue(i);
     m.newhighrow = fendle::checkhighscore(t, m.state.computerlevel, scorebox);

@@ -53,6 +53,9 @@ public:
     std::array<std::string, 11> highnames{};
     std::array<i16, 11> highpoints{};
     i16 newhighrow = 0;   // 0: no name awaited; else the row awaiting one, plus 1
+    // True while the table holds entries that highscores.txt could not take:
+    // the arrays are then kept as they are, not read over from the file.
+    bool highscoresAheadOfFile = false;
 
     // A language chosen on the language screen that numlang.txt could not
     // keep: it stands over what the file says until the program ends.

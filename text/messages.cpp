@@ -10,6 +10,8 @@ namespace {
 constexpr Message everyMessage[] = {
     msg::languageNotSaved,
     msg::dataFolderMissing,
+    msg::highscoreNotSaved,
+    msg::gameNotSaved,
     msg::windowTitlefrm,
     msg::windowStartplay2,
     msg::windowStartautoplay2,

@@ -36,6 +36,14 @@ inline constexpr Message languageNotSaved{
 inline constexpr Message dataFolderMissing{
     "dataFolderMissing",
     "Fendle! cannot start: its texts, pictures and sounds are missing. It looked for them in:%1"};
+// Told when Continue on the high-score screen cannot write highscores.txt.
+inline constexpr Message highscoreNotSaved{
+    "highscoreNotSaved",
+    "Your score could not be saved in the high-score table. Fendle! will keep it until you close the game."};
+
+// Told when Exit on the board cannot write lastgame.inf.
+inline constexpr Message gameNotSaved{
+    "gameNotSaved", "This game could not be saved, so you will not be able to carry on with it later."};
 
 // Accessible names of the windows; their visible captions stay as designed.
 inline constexpr Message windowTitlefrm{"windowTitlefrm", "Fendle! \u2013 Start"};

@@ -3,6 +3,7 @@
 // is checked against an independent account of the game.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <queue>
 #include <random>
 #include <set>
@@ -224,10 +225,16 @@ std::vector<Config> configs(int count) {
     return out;
 }
 
+// FENDLE_GAMES=10000 plays a long run (for the sanitized build, by hand).
+int gameCount() {
+    const char* n = std::getenv("FENDLE_GAMES");
+    return n && std::atoi(n) > 0 ? std::atoi(n) : 1200;
+}
+
 TEST(WholeGames, ThousandsOfSeededGamesKeepTheRules) {
     int ended[4] = {};
     int games = 0, moves = 0, illegal = 0, stray = 0, computerGames = 0;
-    for (const Config& c : configs(1200)) {
+    for (const Config& c : configs(gameCount())) {
         Game g(c);
         g.play();
         ASSERT_TRUE(g.failure.empty()) << g.failure << " players " << c.nplayers << " level " << c.computerlevel

@@ -124,6 +124,9 @@ TEST(Lastgame, FilesThatNoSaveWritesChangeNothing) {
         {"computer level below 0", set(202, "-1")},
         {"a computer in a game of three", set(202, "2")},
         {"turn 0: never saved", set(203, "0")},
+        {"turn 32767: no game reaches it", set(203, "32767")},
+        {"turn one past the board's bound", set(203, "32001")},
+        {"a score above every reward and bonus", set(205, "26961")},
         {"score too large for 16 bits", set(205, "40000")},
         {"seconds too large for 16 bits", set(210, "32768")},
         {"hexagon line out of step", set(7, "5")},
@@ -160,9 +163,10 @@ TEST(Lastgame, FilesThatNoSaveWritesChangeNothing) {
 
 TEST(Lastgame, FilesThatASaveCanWriteAreRestored) {
     const auto good = lines(threePlayerTimedGame().file());
-    const auto withScore = [&](const char* score) {
+    const auto withScore = [&](const char* score, const char* turn = "7") {
         auto ls = good;
         ls[204] = score;
+        ls[202] = turn;
         return join(ls);
     };
     std::string lineFeeds;
@@ -177,6 +181,8 @@ TEST(Lastgame, FilesThatASaveCanWriteAreRestored) {
         {"more behind line 215", join(good) + "junk\r\n1,2,3\r\n", 520},
         {"a score that is not a number reads as 0", withScore("abc"), 0},
         {"a fraction rounds half to even", withScore("2.5"), 2},
+        // 14460 for every reward, 75 x 100 + 25 x 200 for every bonus.
+        {"the highest score and turn a board can hold", withScore("26960", "32000"), 26960},
     };
     for (const auto& v : variants) {
         SCOPED_TRACE(v.name);

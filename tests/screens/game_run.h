@@ -29,7 +29,8 @@ namespace fendle::testing {
 
 class GameRun {
 public:
-    GameRun() {
+    // speaker: where the sounds go besides the recorder; none by default.
+    explicit GameRun(std::unique_ptr<Sound> speaker = nullptr) {
         // The folder the build made, less the program and any file a run has
         // written there.
         const QDir source(QStringLiteral(FENDLE_GAME_DIR));
@@ -49,8 +50,9 @@ public:
         auto r = std::make_unique<ScriptedRandom>();
         random = r.get();
         ports.random = std::move(r);
-        auto s = std::make_unique<SoundRecorder>();
-        sound = s.get();
+        auto s = std::make_unique<RecordAndPlay>();
+        sound = &s->recorder;
+        s->speaker = std::move(speaker);
         ports.sound = std::move(s);
         module = std::make_unique<Module1>(std::move(ports));
         defineGameScreens(*module);
@@ -156,6 +158,15 @@ public:
         }
         board()->sync();
     }
+
+    struct RecordAndPlay : Sound {
+        SoundRecorder recorder;
+        std::unique_ptr<Sound> speaker;
+        void playwave(std::string_view name) override {
+            recorder.playwave(name);
+            if (speaker) speaker->playwave(name);
+        }
+    };
 
     QTemporaryDir folder;
     QString previous;

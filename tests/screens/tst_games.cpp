@@ -4,6 +4,7 @@
 #include "game_run.h"
 
 #include "saved/highscores.h"
+#include "saved/lastgame.h"
 #include "screens/highscores_form.h"
 #include "text/file_io.h"
 
@@ -149,7 +150,13 @@ private slots:
         g.clock.advance(2000);
         QCOMPARE(GameRun::caption(board, "Label2"), QString("Red to Play"));
         QVERIFY(!board->control("Label3", button::throwDice)->enabled());
-        g.clock.advance(3250);
+        g.clock.advance(2250);
+        for (int d = 0; d < 4; ++d) {   // the computer's dice: white on red
+            QCOMPARE(board->control("Label4", d)->backColor(), colour::red);
+            QCOMPARE(board->control("Label4", d)->foreColor(), colour::white);
+            QCOMPARE(GameRun::caption(board, "Label4", d), QString("6"));
+        }
+        g.clock.advance(1000);
         const QString red = GameRun::caption(board, "Label6", 2);
         QVERIFY2(red.toInt() > 0, qPrintable(red));
         int redCounters = 0;
@@ -222,15 +229,10 @@ private slots:
         QVERIFY(scores && scores->isVisible());
         QCOMPARE(GameRun::caption(scores, "Label9", 0), QString("20"));
 
-        // A file that cannot be written keeps the screen and the entry.
-        QVERIFY(QDir(g.folder.path()).mkdir("highscores.txt"));
+        // Continue without a name writes the entry.
         GameRun::press(scores, "Label3", 0);
-        QCOMPARE(g.messages.size(), 1);
-        QVERIFY(g.loaded("highscores"));
-        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
-        QVERIFY(QDir(g.folder.path()).rmdir("highscores.txt"));
-        GameRun::press(scores, "Label3", 0);   // without a name
         QVERIFY(!g.loaded("highscores"));
+        QVERIFY(g.messages.isEmpty());
         const HighScores t = tableOnDisk(g);
         QCOMPARE(t.highnames[0], std::string());
         QCOMPARE(int(t.highpoints[0]), 20);
@@ -258,7 +260,9 @@ private slots:
         GameRun::press(board, "Label3", button::exitGame);
         QVERIFY(!g.loaded("fen1"));
         QVERIFY(g.screen("Titlefrm")->isVisible());
-        QVERIFY(!g.read("lastgame.inf").isEmpty());
+        // Blue's and Red's seconds, then the clock boxes of the absent players.
+        const QList<QByteArray> lines = g.read("lastgame.inf").split('\n');
+        QCOMPARE(lines.mid(209, 4), (QList<QByteArray>{"597\r", "598\r", "2000\r", "2000\r"}));
         g.sound->played.clear();
 
         GameRun::press(g.screen("Titlefrm"), "Label6");
@@ -281,6 +285,87 @@ private slots:
         QVERIFY(GameRun::shows(board, "Label12", 1) && !GameRun::shows(board, "Label6", 3));
         QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
         QCOMPARE(g.sound->played, std::vector<std::string>{"wav\\click.wav"});
+    }
+
+    // A saved game brings back its own backdrop and sound setting, whatever
+    // this run had.
+    void aRestoredGameKeepsItsBackdropAndSound_data() {
+        QTest::addColumn<int>("greyback");
+        QTest::addColumn<int>("soundon");
+        QTest::newRow("backdrop, no sound") << 1 << 0;
+        QTest::newRow("sound, no backdrop") << 0 << 1;
+    }
+    void aRestoredGameKeepsItsBackdropAndSound() {
+        QFETCH(int, greyback);
+        QFETCH(int, soundon);
+        GameRun g;
+        SavedGame saved;
+        saved.nplayers = 2;
+        saved.turn = 3;
+        saved.boardowner[24] = 1;
+        saved.boardowner[4] = 2;
+        for (auto& seconds : saved.seconds) seconds = 2000;
+        saved.soundon = static_cast<i16>(soundon);
+        saved.greyback = static_cast<i16>(greyback);
+        g.write("lastgame.inf", QByteArray::fromStdString(lastgameText(saved)));
+        g.open();
+        g.sound->played.clear();
+        GameRun::press(g.screen("Titlefrm"), "Label6");
+        QVERIFY(g.board() && g.board()->isVisible());
+        QCOMPARE(g.loaded("Grey") && g.screen("Grey")->isVisible(), greyback == 1);
+        QCOMPARE(int(g.state().soundon), soundon);
+        g.clock.advance(1);
+        g.throwDice({1, 2, 3, 4});
+        const std::vector<std::string> heard = {"wav\\click.wav", "wav\\cupdice.wav"};
+        QCOMPARE(g.sound->played, soundon ? heard : std::vector<std::string>{});
+    }
+
+    // A new entry in the last row of a section: the fifth of Open Play, the
+    // tenth in all, the last of the computer's section.
+    void aNewEntryInTheLastRowOfASection_data() {
+        QTest::addColumn<int>("computerlevel");
+        QTest::addColumn<int>("row");   // 0-based
+        QTest::newRow("row 5") << 0 << 4;
+        QTest::newRow("row 10") << 3 << 9;
+    }
+    void aNewEntryInTheLastRowOfASection() {
+        QFETCH(int, computerlevel);
+        QFETCH(int, row);
+        GameRun g;
+        HighScores old;
+        const int first = row - 4;
+        for (int r = first; r < row; ++r) {
+            old.highnames[std::size_t(r)] = std::string(1, char('A' + r - first));
+            old.highpoints[std::size_t(r)] = static_cast<i16>(30000 - 1000 * (r - first));
+        }
+        old.highnames[std::size_t(row)] = "Gone";
+        old.highpoints[std::size_t(row)] = 5;
+        g.write("highscores.txt", QByteArray::fromStdString(highscoresText(old)));
+        startGame(g, 1);
+        g.state().computerlevel = static_cast<i16>(computerlevel);   // Blue's score goes to that section
+        g.layPathBut(1, 2);
+        g.throwDice({1, 1, 1, 1});
+        g.clickHexagon(1);
+        g.clock.advance(6000);
+        const int score = GameRun::caption(g.board(), "Label6", 1).toInt();
+
+        Form* scores = g.screen("highscores");
+        QVERIFY(scores && scores->isVisible());
+        for (int r = 0; r < 10; ++r) {
+            const bool section = r >= first && r <= row;
+            const QString points = r == row ? QString::number(score) : section ? QString::number(30000 - 1000 * (r - first)) : QString();
+            QCOMPARE(GameRun::caption(scores, "Label9", r), points);
+        }
+        QCOMPARE(GameRun::caption(scores, "Label8", row), QString("Gone"));   // until the name is written
+        QWidget* name = scores->control("Text1")->widget();
+        QVERIFY(name->isVisible());
+        QCOMPARE(name->y(), scores->control("Label8", row)->widget()->y() - kit::px(60));
+        QTest::keyClicks(name, "Eve");
+        GameRun::press(scores, "Label3", 0);
+        const HighScores t = tableOnDisk(g);
+        QCOMPARE(t.highnames[std::size_t(row)], std::string("Eve"));
+        QCOMPARE(int(t.highpoints[std::size_t(row)]), score);
+        QCOMPARE(t.highnames[std::size_t(row - 1)], std::string("D"));
     }
 
     void exitAfterOneMoveKeepsTheOlderFile() {

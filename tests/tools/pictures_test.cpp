@@ -8,19 +8,18 @@
 #include <QRect>
 
 #include <cmath>
+#include <map>
 #include <set>
 
 #include "engine/geometry.h"
 #include "engine/game_state.h"
 #include "tests/tools/game_folder.h"
-#include "tools/palette.h"
 
 namespace fendle {
 namespace {
 
 using testing::channelGap;
 using testing::gameFile;
-using testing::toColour;
 namespace geo = geometry;
 
 QImage load(const QString& name) { return QImage(gameFile(name)); }
@@ -63,6 +62,34 @@ TEST(Pictures, EveryNamedPictureLoadsAtTheSizeItsWindowShows) {
     }
 }
 
+// The seven zones as a player names their colours, each a band of hue (in
+// degrees, red at 0) that no other zone's band touches, stated here apart
+// from the generator.
+struct ZoneHue {
+    int low, high;       // first and last number of the zone
+    const char* name;
+    int from, to;        // hue band; from > to wraps past 0
+};
+const ZoneHue zoneHues[] = {
+    {1, 15, "orange", 15, 45},   {16, 28, "cyan", 165, 200},   {29, 45, "yellow", 46, 70},
+    {46, 64, "blue", 215, 255},  {65, 79, "green", 95, 150},   {80, 90, "magenta", 270, 320},
+    {91, 100, "red", 345, 12},
+};
+const ZoneHue& zoneHueOf(int n) {
+    for (const ZoneHue& z : zoneHues)
+        if (n >= z.low && n <= z.high) return z;
+    return zoneHues[0];
+}
+// A clear colour of its zone: its hue in the band, neither grey nor too
+// dark or pale for the grey and the black numbers on it.
+::testing::AssertionResult ofZone(QColor c, const ZoneHue& z) {
+    const int h = c.hsvHue();
+    const bool inBand = z.from <= z.to ? h >= z.from && h <= z.to : h >= z.from || h <= z.to;
+    if (inBand && c.hsvSaturationF() > 0.45 && c.valueF() > 0.45 && c.valueF() < 0.9)
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << c.name().toStdString() << " (hue " << h << ") is no clear " << z.name;
+}
+
 // Board pixel that holds the centre of hexagon n.
 QPoint centrePixel(int n) {
     const geo::Point c = geo::hexCentre(n);
@@ -78,11 +105,12 @@ TEST(BoardPicture, EachHexagonHasItsZoneColourAndPrimesAGreyBorder) {
     const QImage board = load("Images\\fendle3.bmp");
     ASSERT_FALSE(board.isNull());
     const double apothem = geo::hexhalfwidth / 15;
+    std::map<const ZoneHue*, QColor> seen;   // one colour for all hexagons of a zone
     for (int n = 1; n <= 100; ++n) {
         SCOPED_TRACE(n);
-        const QColor zone = toColour(art::zoneColour(n));
-        const QPoint c = centrePixel(n);
-        EXPECT_EQ(board.pixelColor(c), zone);
+        const QColor zone = board.pixelColor(centrePixel(n));
+        EXPECT_TRUE(ofZone(zone, zoneHueOf(n)));
+        EXPECT_EQ(seen.emplace(&zoneHueOf(n), zone).first->second, zone);
         // Just inside each of the six sides.
         const geo::Point centre = geo::hexCentre(n);
         for (int side = 0; side < 6; ++side) {
@@ -97,6 +125,8 @@ TEST(BoardPicture, EachHexagonHasItsZoneColourAndPrimesAGreyBorder) {
                 EXPECT_EQ(px, zone) << "side " << side;
         }
     }
+    // The blue zone stands apart from the blue of the window round the board.
+    EXPECT_GE(std::abs(seen[&zoneHueOf(50)].hsvHue() - QColor(49, 135, 215).hsvHue()), 20);
 }
 
 // Where the window puts the counter picture of hexagon n, in board pixels.
@@ -108,26 +138,22 @@ QPoint counterOrigin(int n) {
 TEST(CounterPictures, CoverTheirHexagonAndBlendIntoTheBoard) {
     const QImage board = load("Images\\fendle3.bmp");
     ASSERT_FALSE(board.isNull());
-    struct Owner {
-        const char* prefix;
-        QColor colour;
-    };
-    std::vector<Owner> owners;
-    for (const PlayerInfo& p : players) owners.push_back({p.prefix, toColour(p.face)});
-    owners.push_back({"wh", QColor(Qt::white)});
+    // The counters take the colours of the dice faces, and white for the flash.
+    const std::pair<const char*, QColor> owners[] = {
+        {"bl", QColor(0, 0, 255)}, {"re", QColor(255, 0, 0)}, {"gr", QColor(0, 255, 0)},
+        {"ye", QColor(255, 255, 0)}, {"wh", QColor(255, 255, 255)}};
 
     for (int n = 1; n <= 100; ++n) {
         const QPoint origin = counterOrigin(n);
         const QPoint centre = centrePixel(n) - origin;
-        const QColor zone = toColour(art::zoneColour(n));
-        for (const Owner& o : owners) {
-            const std::string name = counterPicture(n, o.prefix, geo::isListedPrime(n));
+        for (const auto& [prefix, colour] : owners) {
+            const std::string name = counterPicture(n, prefix, geo::isListedPrime(n));
             SCOPED_TRACE(name + " on " + std::to_string(n));
             const QImage img = load(QString::fromStdString(name));
             ASSERT_FALSE(img.isNull());
-            EXPECT_EQ(img.pixelColor(centre), o.colour);
-            EXPECT_EQ(img.pixelColor(0, 31), zone);
-            EXPECT_EQ(img.pixelColor(31, 31), zone);
+            EXPECT_EQ(img.pixelColor(centre), colour);
+            EXPECT_TRUE(ofZone(img.pixelColor(0, 31), zoneHueOf(n)));
+            EXPECT_TRUE(ofZone(img.pixelColor(31, 31), zoneHueOf(n)));
             // Round the counter, the picture repeats the board beneath it.
             int differing = 0;
             for (int y = 0; y < 32; ++y)
@@ -142,13 +168,18 @@ TEST(CounterPictures, CoverTheirHexagonAndBlendIntoTheBoard) {
 }
 
 TEST(Balls, AreRoundBallsOfTheirZoneOnTheWindowColour) {
-    const char* order[] = {"co", "cy", "ye", "bl", "gr", "ma", "re"};
-    for (std::size_t z = 0; z < 7; ++z) {
-        const QImage ball = load(QStringLiteral("Balls/%1ball.bmp").arg(QLatin1String(order[z])));
-        ASSERT_FALSE(ball.isNull()) << order[z];
-        EXPECT_EQ(ball.pixelColor(0, 0), toColour(art::background)) << order[z];
-        // Under the reward label, the ball is of its zone's colour family.
-        EXPECT_LE(channelGap(ball.pixelColor(30, 30), toColour(art::zoneColours[z])), 60) << order[z];
+    const std::pair<const char*, int> balls[] = {{"co", 1}, {"cy", 16}, {"ye", 29}, {"bl", 46},
+                                                 {"gr", 65}, {"ma", 80}, {"re", 91}};
+    for (const auto& [zone, number] : balls) {
+        const QImage ball = load(QStringLiteral("Balls/%1ball.bmp").arg(QLatin1String(zone)));
+        ASSERT_FALSE(ball.isNull()) << zone;
+        EXPECT_EQ(ball.pixelColor(0, 0), QColor(49, 135, 215)) << zone;
+        // Under the reward label, the ball is of its zone's hue.
+        const QColor under = ball.pixelColor(30, 30);
+        const ZoneHue& z = zoneHueOf(number);
+        const int h = under.hsvHue();
+        EXPECT_TRUE(z.from <= z.to ? h >= z.from && h <= z.to : h >= z.from || h <= z.to)
+            << zone << ": " << under.name().toStdString() << " is no " << z.name;
     }
 }
 
