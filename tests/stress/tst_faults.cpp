@@ -87,13 +87,8 @@ private:
 };
 
 const char* faultName(Fault f) {
-    switch (f) {
-    case Fault::none: return "none";
-    case Fault::readOnlyFolder: return "read-only folder";
-    case Fault::fullDisk: return "full disk";
-    case Fault::folderInTheWay: return "folder in the way";
-    }
-    return "";
+    static const char* const names[] = {"none", "read-only folder", "full disk", "folder in the way"};
+    return names[static_cast<int>(f)];
 }
 
 }  // namespace

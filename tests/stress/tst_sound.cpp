@@ -177,9 +177,10 @@ const QStringList allWaves = {"click",   "click1", "tink",  "cupdice", "space", 
 
 // The program's sound port, with the moment of each call.
 struct TimedSpeaker : Sound {
+    TimedSpeaker(const QElapsedTimer& c, std::vector<std::pair<std::string, qint64>>& l) : clock(&c), log(&l) {}
     QtSound port;
-    QElapsedTimer* clock = nullptr;
-    std::vector<std::pair<std::string, qint64>>* log = nullptr;
+    const QElapsedTimer* clock;
+    std::vector<std::pair<std::string, qint64>>* log;
     void playwave(std::string_view name) override {
         log->emplace_back(std::string(name), clock->elapsed());
         port.playwave(name);
@@ -236,14 +237,21 @@ class TestSound : public QObject {
     }
     // Waits in real time while a sound plays out; the virtual clock stands.
     static void listen(int ms) { QTest::qWait(ms); }
-    // Throw Dice, and let the dice cup be heard before the dice spin: on the
-    // virtual clock their 2250 ms of spinning run at once, and would hold up
-    // the thread that feeds the sound.
-    static void throwAndListen(GameRun& g, std::array<int, 4> dice) {
-        g.scriptDice(dice);
-        GameRun::press(g.board(), "Label3", button::throwDice);
-        listen(1800);
-        g.clock.advance(2250);
+    // A move in the zone of 50, then a bonus move that completes a path and
+    // ends the game. Each throw is let be heard for `ms` * 3 / 2 before the
+    // dice spin (on the virtual clock their 2250 ms of spinning run at once,
+    // and would hold up the thread that feeds the sound), each move for `ms`.
+    static void playTwoMoves(GameRun& g, int ms) {
+        for (const auto& [dice, n] : {std::pair{std::array{1, 2, 3, 4}, 36}, std::pair{std::array{1, 1, 1, 1}, 1}}) {
+            if (n == 1) g.layPathBut(1, 2);                // 1 lies between 2 and 3: a bonus
+            g.scriptDice(dice);
+            GameRun::press(g.board(), "Label3", button::throwDice);
+            listen(ms * 3 / 2);
+            g.clock.advance(2250);
+            g.clickHexagon(n);                             // 36 is (1 + 2) x 3 x 4
+            listen(ms);
+            g.clock.advance(2000);
+        }
     }
 
 private slots:
@@ -252,26 +260,14 @@ private slots:
         Recording rec(work.filePath("game.raw"));
         QVERIFY(rec.running());
         std::vector<std::pair<std::string, qint64>> played;
-        auto speaker = std::make_unique<TimedSpeaker>();
-        speaker->clock = &rec.clock;
-        speaker->log = &played;
-        GameRun g(std::move(speaker));
-
+        GameRun g(std::make_unique<TimedSpeaker>(rec.clock, played));
         g.open();
         GameRun::press(g.screen("Titlefrm"), "Label5");   // a click
         listen(700);
         GameRun::press(g.screen("Startplay2"), "Label1", 1);
         listen(700);
-        throwAndListen(g, {1, 2, 3, 4});                   // the dice cup
-        g.clickHexagon(36);                                // (1 + 2) x 3 x 4, a legal move in the zone of 50
-        listen(1200);
-        g.clock.advance(2000);
-        g.layPathBut(1, 2);
-        throwAndListen(g, {1, 1, 1, 1});
-        g.clickHexagon(1);                                 // between 2 and 3: a bonus, and the path is complete
-        listen(1200);
-        g.clock.advance(2000);                             // the end of the game
-        listen(3500);
+        playTwoMoves(g, 1200);
+        listen(3500);                                      // the end of the game
         const std::vector<float> samples = lowPass(rec.stop());
 
         const std::vector<std::string> expected = {"wav\\click.wav", "wav\\click.wav", "wav\\cupdice.wav",
@@ -361,10 +357,7 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         std::vector<std::pair<std::string, qint64>> played;
-        auto speaker = std::make_unique<TimedSpeaker>();
-        speaker->clock = &clock;
-        speaker->log = &played;
-        GameRun g(std::move(speaker));
+        GameRun g(std::make_unique<TimedSpeaker>(clock, played));
         g.open();
         GameRun::press(g.screen("Titlefrm"), "Label5");
         GameRun::tick(g.screen("Startplay2"), "Check1");   // Play Sound off, with a last click
@@ -375,13 +368,8 @@ private slots:
         QVERIFY(rec.running());
         GameRun::press(g.screen("Startplay2"), "Label1", 1);
         QCOMPARE(int(g.state().soundon), 0);
-        g.throwDice({1, 2, 3, 4});
-        g.clickHexagon(36);
-        g.clock.advance(2000);
-        g.layPathBut(1, 2);
-        g.throwDice({1, 1, 1, 1});
-        g.clickHexagon(1);
-        g.clock.advance(6000);
+        playTwoMoves(g, 0);
+        g.clock.advance(4000);
         listen(1000);
         const std::vector<float> samples = rec.stop();
         QVERIFY(played.empty());

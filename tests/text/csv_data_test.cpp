@@ -6,6 +6,7 @@
 #include "text/listinput.h"
 #include "text/messages.h"
 #include "text/text_tables.h"
+#include "module_text_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -131,14 +132,7 @@ TEST_F(TextData, DefaultsWithoutTablesAreTheShippedEnglish) {
     // read; it must say what the English column says.
     ASSERT_TRUE(loaded);
     const ModuleTexts defaults = englishModuleTexts();
-    using M = std::string ModuleTexts::*;
-    const M all[] = {&ModuleTexts::changelanguagetext, &ModuleTexts::noticetext, &ModuleTexts::oktext,
-                     &ModuleTexts::exittext, &ModuleTexts::bluename, &ModuleTexts::redname,
-                     &ModuleTexts::greenname, &ModuleTexts::yellowname, &ModuleTexts::bluewinstext,
-                     &ModuleTexts::redwinstext, &ModuleTexts::greenwinstext, &ModuleTexts::yellowwinstext,
-                     &ModuleTexts::drawtext, &ModuleTexts::doublefendletext, &ModuleTexts::gameovertext,
-                     &ModuleTexts::solotimeouttext, &ModuleTexts::pointstext};
-    for (const M m : all) EXPECT_EQ(texts.*m, defaults.*m);
+    for (const auto& row : testing::moduleTextRows) EXPECT_EQ(texts.*row.text, defaults.*row.text) << row.table << row.row;
 }
 
 TEST(MessagesData, EveryMessageIsInTheFileInSevenLanguagesWithItsArgument) {

@@ -1,5 +1,6 @@
 #include "text/text_tables.h"
 #include "text/messages.h"
+#include "module_text_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -65,9 +66,9 @@ TEST(TextTables, LoadFillsColumnByLanguageAndRowAndCallsSettexts) {
     EXPECT_EQ(tables->rulestable[0][2], "extra");
     EXPECT_EQ(tables->rulestable[1][2], "r2c0");
     EXPECT_EQ(tables->rulestable[6][64], "r64c5");
-    // settexts ran for language 2.
-    EXPECT_EQ(texts.oktext, "r4c2");
-    EXPECT_EQ(texts.bluename, "r37c1");   // rules row 37, one field on
+    // settexts ran for language 2; the rules rows stand one field on.
+    for (const auto& [text, table, row] : testing::moduleTextRows)
+        EXPECT_EQ(texts.*text, "r" + std::to_string(row) + (table == 'T' ? "c2" : "c1")) << table << row;
     // A named language without texts empties them; a number outside the
     // tables leaves them as they were.
     ASSERT_TRUE(settexts(*tables, 12, texts));
