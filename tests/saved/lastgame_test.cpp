@@ -35,16 +35,28 @@ std::vector<int> restored(const ModuleState& m) {
     return v;
 }
 
-// A board as it stands after some moves of a game.
+// A board as it stands after some moves of a game, and the lines 201 to
+// 215 that its file ends with.
 struct Board {
     ModuleState module;
     BoardModel model;
     i16 turn = 0;
+    std::vector<std::string> tail;
     std::string file() const { return lastgameText(makeSavedGame(module, turn, model)); }
 };
 
-Board threePlayerTimedGame() {
+Board board(std::array<const char*, 4> scores, std::array<const char*, 4> clocks) {
     Board b;
+    b.model.Label5[5].caption = "5000";
+    for (std::size_t p = 0; p < 4; ++p) {
+        b.model.Label6[p + 1].caption = scores[p];
+        b.model.Label12[p].caption = clocks[p];
+    }
+    return b;
+}
+
+Board threePlayerTimedGame() {
+    Board b = board({"520", "10", "220", ""}, {"431", "0", "598", "2000"});   // yellow has not scored; red is out of time
     b.module.nplayers = 3;
     b.module.timeallowed = 600;
     b.module.soundon = 0;
@@ -53,58 +65,42 @@ Board threePlayerTimedGame() {
     b.module.boardowner[2] = 2;
     b.module.boardowner[17] = 3;
     b.turn = 7;
-    b.model.Label5[5].caption = "5000";
-    const char* scores[] = {"520", "10", "220", ""};   // yellow has not scored
-    const char* clocks[] = {"431", "0", "598", "2000"};   // red is out of time
-    for (int p = 0; p < 4; ++p) {
-        b.model.Label6[p + 1].caption = scores[p];
-        b.model.Label12[p].caption = clocks[p];
-    }
+    b.tail = {"3", "0", "7", "5000", "520", "10", "220", "", "600", "431", "0", "598", "2000", "0", "1"};
     return b;
 }
 
 Board twoPlayerComputerGame() {
-    Board b;
+    Board b = board({"100", "200", "", ""}, {"2000", "2000", "2000", "2000"});   // no clocks
     b.module.nplayers = 2;
     b.module.computerlevel = 3;
     b.module.boardowner[50] = 2;
     b.module.boardowner[51] = 1;
     b.turn = 2;
-    b.model.Label5[5].caption = "5000";
-    b.model.Label6[1].caption = "100";
-    b.model.Label6[2].caption = "200";
-    for (auto& clock : b.model.Label12) clock.caption = "2000";   // no clocks
+    b.tail = {"2", "3", "2", "5000", "100", "200", "", "", "0", "2000", "2000", "2000", "2000", "1", "0"};
     return b;
 }
 
-TEST(Lastgame, SaveThenRestoreGivesTheSameGame) {
+TEST(Lastgame, EveryLineStandsInItsPlaceAndReadsBack) {
     for (const Board& b : {threePlayerTimedGame(), twoPlayerComputerGame()}) {
         SCOPED_TRACE(b.module.nplayers);
-        const SavedGame saved = makeSavedGame(b.module, b.turn, b.model);
-        EXPECT_EQ(readLastgame(lastgameText(saved)), saved);
-        ModuleState expected = b.module;
-        expected.savedturn = b.turn;
-        expected.targetscore = 5000;
-        for (int p = 1; p <= 4; ++p) {
-            const std::string& score = b.model.Label6[p].caption;
-            expected.savedscores[p] = static_cast<i16>(score.empty() ? 0 : std::stoi(score));
-            expected.savedseconds[p] = static_cast<i16>(std::stoi(b.model.Label12[p - 1].caption));
+        std::vector<std::string> expected;   // each hexagon's number and owner, then the game
+        for (int i = 1; i <= 100; ++i) expected.insert(expected.end(), {std::to_string(i), std::to_string(b.module.boardowner[i])});
+        expected.insert(expected.end(), b.tail.begin(), b.tail.end());
+        const std::string text = b.file();
+        EXPECT_EQ(lines(text), expected);
+        EXPECT_EQ(join(expected), text);   // every line ends in CR LF
+        // Read back, the turn, the target and the captions go to the saved variables.
+        ModuleState want = b.module;
+        want.savedturn = b.turn;
+        want.targetscore = 5000;
+        for (std::size_t p = 1; p <= 4; ++p) {
+            want.savedscores[p] = static_cast<i16>(std::atoi(b.tail[3 + p].c_str()));
+            want.savedseconds[p] = static_cast<i16>(std::atoi(b.tail[8 + p].c_str()));
         }
         ModuleState module;
-        ASSERT_TRUE(restoreLastgame(b.file(), module));
-        EXPECT_EQ(restored(module), restored(expected));
+        ASSERT_TRUE(restoreLastgame(text, module));
+        EXPECT_EQ(restored(module), restored(want));
     }
-}
-
-TEST(Lastgame, EveryLineStandsInItsPlace) {
-    const Board b = threePlayerTimedGame();
-    const std::string text = b.file();
-    // Each hexagon's number and owner, then the game's lines in their order.
-    std::vector<std::string> expected;
-    for (int i = 1; i <= 100; ++i) expected.insert(expected.end(), {std::to_string(i), std::to_string(b.module.boardowner[i])});
-    expected.insert(expected.end(), {"3", "0", "7", "5000", "520", "10", "220", "", "600", "431", "0", "598", "2000", "0", "1"});
-    EXPECT_EQ(lines(text), expected);
-    EXPECT_EQ(join(expected), text);   // every line ends in CR LF
 }
 
 TEST(Lastgame, FilesThatNoSaveWritesChangeNothing) {
