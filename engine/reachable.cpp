@@ -56,8 +56,8 @@ void Reachable::mark(const std::array<double, N>& results, int count) {
         // is taken as that number, which is the nearest one too. (Taking the
         // ten-millionth below as floor(v + 1) could differ from the nearest
         // only for a value one unit in the last place below a power of two;
-        // no throw of four dice makes one, as the test that applies the rule
-        // step by step to the values of every throw shows.)
+        // no throw of four dice makes one, as the comparison with a search
+        // that applies the rule step by step to every expression shows.)
         const std::uint64_t shifted = std::bit_cast<std::uint64_t>(v + roundingShift) & 0xFFu;
         hit[inRange ? shifted : spareSlot] = 1;
     }
