@@ -400,13 +400,13 @@ TEST(Leaving, NewGameClearsTheBoardAndSavesNothing) {
 }
 
 TEST(Leaving, ARestoredBoardComesBackAndTheComputerThrowsAtOnce) {
-    Board b(2, 3);
+    Board b(2, 3, 60);
     b.module.restartgame = 1;
     b.module.boardowner[53] = 2;
     b.module.boardowner[10] = 1;
     b.module.savedturn = 2;   // red to play
     b.module.savedscores = {0, 110, 130, 0, 0};
-    b.module.savedseconds = {0, 2000, 2000, 2000, 2000};
+    b.module.savedseconds = {0, 0, 45, 2000, 2000};   // blue is out of time
     b.load();
     b.module.restartgame = 0;
     EXPECT_EQ(b.f().movecount, 3);
@@ -416,6 +416,10 @@ TEST(Leaving, ARestoredBoardComesBackAndTheComputerThrowsAtOnce) {
     EXPECT_FALSE(b.m().Label1[53].visible);
     EXPECT_EQ(b.m().Label6[2].caption, "130");
     EXPECT_EQ(b.m().Label6[3].caption, "0");
+    EXPECT_FALSE(b.m().Label6[1].enabled);
+    EXPECT_TRUE(b.m().Label6[2].enabled);
+    EXPECT_EQ(b.m().Label12[0].caption, "0");
+    EXPECT_EQ(b.m().Label12[1].caption, "45");
     EXPECT_TRUE(b.running(Timer1));
     b.clock.advance(1);
     EXPECT_EQ(b.m().Label2.caption, "Red to Play");
