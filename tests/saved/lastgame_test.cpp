@@ -130,7 +130,10 @@ TEST(Lastgame, FilesThatNoSaveWritesChangeNothing) {
         {"score below 0", set(206, "-10")},
         {"sound 2", set(214, "2")},
         {"backdrop 7", set(215, "7")},
-        {"nobody out of time without clocks", [](auto& ls) { ls[208] = "0"; ls[210] = "0"; }},
+        {"nobody out of time without clocks", [untimed = set(209, "0"), noSeconds = set(211, "0")](auto& ls) {
+             untimed(ls);
+             noSeconds(ls);
+         }},
     };
     ModuleState before;
     before.boardowner[42] = 4;

@@ -17,7 +17,7 @@ std::string csv(int rows, int columns = csvColumns) {
     for (int r = 1; r <= rows; ++r) {
         for (int c = 0; c < columns; ++c) {
             if (c > 0) s += ',';
-            s += "r" + std::to_string(r) + "c" + std::to_string(c);
+            s.append("r").append(std::to_string(r)).append("c").append(std::to_string(c));
         }
         s += "\r\n";
     }
@@ -65,7 +65,7 @@ TEST(TextTables, LoadFillsColumnByLanguageAndRowAndCallsSettexts) {
     EXPECT_EQ(tables->rulestable[6][64], "r64c5");
     // settexts ran for language 2; the rules rows stand one field on.
     for (const auto& [text, table, row] : testing::moduleTextRows)
-        EXPECT_EQ(texts.*text, "r" + std::to_string(row) + (table == 'T' ? "c2" : "c1")) << table << row;
+        EXPECT_EQ(texts.*text, std::string("r").append(std::to_string(row)).append(table == 'T' ? "c2" : "c1")) << table << row;
     // A named language without texts empties them; a number outside the
     // tables leaves them as they were.
     ASSERT_TRUE(settexts(*tables, 12, texts));
