@@ -127,7 +127,7 @@ void EventLog::print(std::string_view why) const {
     put("\n==== replay: FENDLE_MONKEY_SEED=");
     putNumber(seed_);
     put(" FENDLE_MONKEY_EVENTS=");
-    putNumber(std::uint64_t(current_ < 0 ? 1 : current_ + 1));
+    putNumber(std::uint64_t(current_ < 1 ? 1 : current_));
     put(" tst_monkey\n==== the last events, oldest first:\n");
     for (int i = 0; i < count_; ++i) {
         const Line& slot = lines_[std::size_t((next_ - count_ + i + keptLines) % keptLines)];
