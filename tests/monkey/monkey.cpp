@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QWheelEvent>
 #include <QWindow>
@@ -227,7 +228,9 @@ Form* Monkey::windowAt(const QPoint& global) const {
 
 QString Monkey::run(std::int64_t events) {
     QString broke;
+    QElapsedTimer took;
     for (std::int64_t n = 1; n <= events && broke.isEmpty(); ++n) {
+        took.start();
         const double r = chance();
         const char* kind = r < 0.55 ? "click" : r < 0.70 ? "key" : r < 0.71 ? "close" : r < 0.72 ? "wheel" : "advance";
         ++tally_.events[kind];
@@ -251,6 +254,10 @@ QString Monkey::run(std::int64_t events) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         log_.end();
+        if (took.elapsed() > tally_.slowestMs) {
+            tally_.slowestMs = took.elapsed();
+            tally_.slowestEvent = n;
+        }
         broke = checkAfterEvent();
         count();
     }

@@ -43,6 +43,8 @@ struct Tally {
     std::int64_t highScoresWritten = 0;
     std::int64_t gamesSaved = 0;
     std::int64_t virtualMs = 0;
+    std::int64_t slowestMs = 0;       // the longest event, real time
+    std::int64_t slowestEvent = 0;
     std::set<int> languages;
     QStringList warnings;   // Qt's warnings, the first few
     std::int64_t warningCount = 0;

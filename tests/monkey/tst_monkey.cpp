@@ -60,13 +60,15 @@ private slots:
             for (const auto& [k, n] : t.opened) opened += QString(" %1 %2").arg(QString::fromStdString(k)).arg(n);
             for (int l : t.languages) languages += QString(" %1").arg(l);
             std::fprintf(stderr,
-                         "monkey: %lld events in %.1f s (%s ), %.0f s of game time, %lld sessions\n"
+                         "monkey: %lld events in %.1f s (%s ), %.0f s of game time, %lld sessions; the slowest event, "
+                         "#%lld, took %lld ms\n"
                          "monkey: screens opened:%s\n"
                          "monkey: %lld games ended, %lld saved games written, %lld restored, %lld high-score tables "
                          "written; languages:%s\n"
                          "monkey: %lld warnings from Qt%s%s\n",
                          static_cast<long long>(events), double(took.elapsed()) / 1000, qPrintable(kinds),
-                         double(t.virtualMs) / 1000, static_cast<long long>(t.sessions), qPrintable(opened),
+                         double(t.virtualMs) / 1000, static_cast<long long>(t.sessions),
+                         static_cast<long long>(t.slowestEvent), static_cast<long long>(t.slowestMs), qPrintable(opened),
                          static_cast<long long>(t.gamesEnded), static_cast<long long>(t.gamesSaved),
                          static_cast<long long>(t.restores), static_cast<long long>(t.highScoresWritten),
                          qPrintable(languages), static_cast<long long>(t.warningCount),
