@@ -326,7 +326,28 @@ void Monkey::click() {
     if (!isBackdrop(hit)) hit->raise();
     hit->activateWindow();
     QPointer<Form> guard(hit);
+    const double how = chance();
+    if (how < 0.05) {
+        // A drag: pressed here, let go somewhere else in the same window.
+        const QPoint to(below(hit->width()), below(hit->height()));
+        log_.note("  dragged to " + std::to_string(to.x()) + "," + std::to_string(to.y()));
+        QTest::mousePress(hit->windowHandle(), Qt::LeftButton, {}, at);
+        if (guard) QTest::mouseMove(hit->windowHandle(), to);
+        if (guard) QTest::mouseRelease(hit->windowHandle(), Qt::LeftButton, {}, to);
+        return;
+    }
     QTest::mouseClick(hit->windowHandle(), Qt::LeftButton, {}, at);
+    if (how < 0.20) {
+        // A second click at once, before the screens the first one unloaded
+        // have gone: it lands on whatever is in front there now.
+        QCoreApplication::processEvents();
+        if (Form* again = windowAt(global)) {
+            const QPoint there = again->mapFromGlobal(global);
+            log_.note("  and again -> " + again->name() + " " + describe(again->childAt(there)));
+            QTest::mouseClick(again->windowHandle(), Qt::LeftButton, {}, there);
+        }
+        return;
+    }
     if (restoring && module_ && module_->screens.isLoaded(Fen1Form::formName) && !module_->screens.isLoaded("Titlefrm"))
         ++tally_.restores;
     // A click into a text box, then some typing.
@@ -334,18 +355,24 @@ void Monkey::click() {
 }
 
 void Monkey::typeInto(Form* window) {
-    static const char keys[] = "0123456789-.5aZ ";
-    const int n = 1 + below(5);
+    // Digits and signs for the time box; for a name, letters, blanks, a
+    // comma, a double quote and an accented letter, which the file of high
+    // scores has to keep or leave out.
+    static const char keys[] = "0123456789-.5aZ ,\"";
+    const int n = 1 + below(6);
     std::string typed;
     QPointer<Form> guard(window);
     for (int i = 0; i < n && guard && guard->isVisible(); ++i) {
-        const int k = below(int(sizeof keys - 1) + 2);
+        const int k = below(int(sizeof keys - 1) + 3);
         if (k == int(sizeof keys - 1)) {
             typed += "<bs>";
             QTest::keyClick(guard->windowHandle(), Qt::Key_Backspace);
         } else if (k == int(sizeof keys)) {
             typed += "<enter>";
             QTest::keyClick(guard->windowHandle(), Qt::Key_Return);
+        } else if (k == int(sizeof keys) + 1) {
+            typed += "\u00e9";
+            QTest::sendKeyEvent(QTest::Click, guard->windowHandle(), Qt::Key_Eacute, QStringLiteral("\u00e9"), {});
         } else {
             typed += keys[k];
             QTest::keyClick(guard->windowHandle(), keys[k]);
