@@ -45,8 +45,10 @@ rm -f "$tmp/game/lastgame.inf" "$tmp/game/highscores.txt" "$tmp/game/numlang.txt
 export XDG_RUNTIME_DIR=$tmp/runtime XDG_CACHE_HOME=$tmp/cache QT_QPA_PLATFORM=xcb
 unset FENDLE_SCALE QT_SCALE_FACTOR
 
-# An X server on a free display, at the size of a school's old screen.
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$tmp/display" >"$tmp/xvfb.log" 2>&1 &
+# An X server on a free display, at the size of a school's old screen. It
+# must not reset when its last client goes, as the program does at its Exit,
+# or the next start may find no display.
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$tmp/display" >"$tmp/xvfb.log" 2>&1 &
 xpid=$!
 for _ in $(seq 100); do [ -s "$tmp/display" ] && break; sleep 0.1; done
 [ -s "$tmp/display" ] || { echo "Xvfb did not start"; exit 2; }
