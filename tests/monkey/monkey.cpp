@@ -34,7 +34,11 @@ std::string text(const QString& s) { return s.toStdString(); }
 std::string describe(const QWidget* w) {
     if (const auto* c = dynamic_cast<const kit::Control*>(w)) {
         std::string d = c->name();
-        if (c->index() >= 0) d += "(" + std::to_string(c->index()) + ")";
+        if (c->index() >= 0) {
+            d += '(';
+            d += std::to_string(c->index());
+            d += ')';
+        }
         return d;
     }
     return w ? text(w->metaObject()->className()) : "nothing";
