@@ -21,7 +21,6 @@
 #include "screens/highscores_form.h"
 #include "screens/module1.h"
 #include "screens/qt_ports.h"
-#include "screens/rulepages.h"
 #include "text/file_io.h"
 #include "ways_out.h"
 
