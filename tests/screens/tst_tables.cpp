@@ -135,6 +135,10 @@ const Ctl guide[] = {
     {"Label3", 0, 4080, 6120, 1335, 375, A, 12.75, B, Y, K},
 };
 
+// Twips and points to pixels, 15 twips and 3/4 point to the pixel, halves away from zero.
+int pix(double twips) { return int(std::lround(twips / 15)); }
+int fontPix(double points) { return int(std::lround(points * 4 / 3)); }
+
 QString what(const Form* f, const char* name, int index) {
     return QStringLiteral("%1 %2(%3)").arg(QString::fromStdString(f->name()), name).arg(index);
 }
@@ -151,11 +155,13 @@ void checkControls(Form* f, QSize size, std::optional<Rgb> back, std::span<const
             bad << at + " missing";
             continue;
         }
-        const QRect pixels(kit::px(t.left), kit::px(t.top), kit::px(t.width), kit::px(t.height));
+        const QRect pixels(pix(t.left), pix(t.top), pix(t.width), pix(t.height));
         if (QRectF(c->left(), c->top(), c->width(), c->height()) != QRectF(t.left, t.top, t.width, t.height) ||
             c->widget()->geometry() != pixels)
             bad << at + " place";
-        if (t.size && (c->row().font != t.face || c->fontSize() != t.size || c->row().bold != t.bold))
+        const QFont font = c->widget()->font();
+        if (t.size && (c->fontSize() != t.size || font.pixelSize() != fontPix(t.size) || font.bold() != t.bold ||
+                       QFontInfo(font).family() != (t.face == A ? "Liberation Sans" : "Tahoma")))
             bad << at + " font";
         if ((t.fore && c->foreColor() != *t.fore) || (t.back && c->backColor() != *t.back)) bad << at + " colour";
         if (c->visible() != t.visible || c->enabled() != t.enabled) bad << at + " visible or enabled";
@@ -362,7 +368,7 @@ void checkLayout(Form* f, int lang, QStringList& bad) {
         const kit::Control* c = f->control(cell.name, cell.index);
         const double want = cell.lang[lang] == _ ? cell.design : cell.lang[lang];
         double got = -2;
-        int pixels = 0, wantPixels = kit::px(want);
+        int pixels = 0, wantPixels = pix(want);
         if (c) {
             const QRect g = c->widget()->geometry();
             switch (cell.prop) {
@@ -370,7 +376,7 @@ void checkLayout(Form* f, int lang, QStringList& bad) {
             case Prop::Top: got = c->top(), pixels = g.y(); break;
             case Prop::Width: got = c->width(), pixels = g.width(); break;
             case Prop::Height: got = c->height(), pixels = g.height(); break;
-            case Prop::Size: got = c->fontSize(), pixels = c->widget()->font().pixelSize(), wantPixels = kit::fontPixels(want); break;
+            case Prop::Size: got = c->fontSize(), pixels = c->widget()->font().pixelSize(), wantPixels = fontPix(want); break;
             case Prop::Visible: got = c->visible(), pixels = wantPixels = 0; break;
             }
         }
@@ -408,10 +414,12 @@ private slots:
         GameRun::press(g.screen("Startautoplay2"), "Label1");
         Fen1Form* board = g.board();
         checkControls(board, QSize(800, 600), colour::boardBlue, fen1, 200, bad);
+        if (board->picture().isNull()) bad << "fen1 has no board picture";
 
         const char* balls[] = {"re", "ma", "gr", "bl", "ye", "cy", "co"};
         for (int i = 0; i < 7; ++i)
-            if (board->get<kit::Image>("Image2", i)->picture() != "Balls\\" + std::string(balls[i]) + "ball.bmp")
+            if (board->get<kit::Image>("Image2", i)->picture() != "Balls\\" + std::string(balls[i]) + "ball.bmp" ||
+                !board->get<kit::Image>("Image2", i)->hasPicture())
                 bad << what(board, "Image2", i) + " picture";
         // Hexagon n at row t and place c of the board, from its diagonal d = t + c.
         const double halfWidth = std::sqrt(3.0) * 471 / 2;
@@ -425,14 +433,14 @@ private slots:
                 const QRect box = number->widget()->geometry();
                 bool prime = n > 1;
                 for (int k = 2; k * k <= n; ++k) prime = prime && n % k != 0;
-                const bool placed = n < 100 ? box == QRect(kit::px(left), kit::px(top), 32, 32)
-                                            : std::abs(box.center().x() - kit::px(480 + 27 * halfWidth)) <= 1 &&
-                                                  box.y() == kit::px(top);
+                const bool placed = n < 100 ? box == QRect(pix(left), pix(top), 32, 32)
+                                            : std::abs(box.center().x() - pix(480 + 27 * halfWidth)) <= 1 &&
+                                                  box.y() == pix(top);
                 const double counterLeft = n < 100 ? left - 45 : 240 + 27 * halfWidth - 30;
                 if (!placed || number->caption() != QString::number(n) || !number->visible() ||
                     number->foreColor() != (prime ? K : G224) || number->fontSize() != 15.75)
                     bad << what(board, "Label1", n);
-                if (counter->widget()->geometry() != QRect(kit::px(counterLeft), kit::px(top - 90), 32, 32) ||
+                if (counter->widget()->geometry() != QRect(pix(counterLeft), pix(top - 90), 32, 32) ||
                     counter->visible())
                     bad << what(board, "Image1", n);
             }
