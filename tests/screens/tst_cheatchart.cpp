@@ -236,18 +236,6 @@ private slots:
         }
     }
 
-    void reopenedAfterClosingItStartsAtTheLeft() {
-        Form* f = openChart();
-        QVERIFY(f);
-        bar(f)->setValue(70);
-        GameRun::closeByTitleBar(f);
-        QVERIFY(!run->loaded("Cheatchart"));
-        run->module->screens.show("Cheatchart");
-        f = run->screen("Cheatchart");
-        QVERIFY(f);
-        QCOMPARE(bar(f)->value(), 0);
-        QCOMPARE(panelX(f), 0);
-    }
 };
 
 QTEST_MAIN(TestCheatchart)

@@ -274,20 +274,6 @@ private slots:
         for (int d = 0; d < 4; ++d) QCOMPARE(GameRun::caption(page, "Label4", d), fresh[d]);
     }
 
-    // The roll ends with the page: its timers stop when it closes.
-    void theRollEndsWithThePage() {
-        RulesRun g;
-        RulePage* page = g.show(2);
-        GameRun::press(page, "Label2");
-        g.clock.advance(100);
-        QPointer<RulePage> alive(page);
-        GameRun::press(page, "Label3", 0);
-        QVERIFY(!alive || (!alive->timers().running(5) && !alive->timers().running(8)));
-        const auto ticks = g.clock.ticks();
-        g.clock.advance(3000);
-        QCOMPARE(g.clock.ticks(), ticks);
-    }
-
     // The Cheat Chart opens over page 2 and closes when the page is left by
     // any of its three buttons.
     void theCheatChartGoesWithPage2() {
