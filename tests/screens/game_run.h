@@ -23,6 +23,7 @@
 #include "screens/game_screens.h"
 #include "screens/module1.h"
 #include "screens/qt_ports.h"
+#include "text/listinput.h"
 
 namespace fendle::testing {
 
@@ -102,6 +103,31 @@ public:
     }
     static QString caption(Form* f, const char* name, int index = -1) { return f->control(name, index)->caption(); }
     static bool shows(Form* f, const char* name, int index = -1) { return f->control(name, index)->widget()->isVisible(); }
+
+    // The board for nplayers with timeallowed seconds each, built and shown
+    // as the set-up screens leave it.
+    Fen1Form* showBoard(int nplayers, int timeallowed = 0) {
+        state().nplayers = static_cast<i16>(nplayers);
+        state().timeallowed = static_cast<i16>(timeallowed);
+        auto* f = module->screens.get<Fen1Form>(Fen1Form::formName);
+        f->game().showPlayers(nplayers);
+        f->sync();
+        module->screens.show(Fen1Form::formName);
+        return f;
+    }
+
+    // The cells of a text table of the game folder ("text/text.csv"),
+    // [row][language] with the rows from 1, read here field by field rather
+    // than through the program's tables.
+    std::vector<std::array<QString, 7>> table(const char* file) const {
+        const QByteArray bytes = read(file);
+        ListInput in(std::string_view(bytes.constData(), std::size_t(bytes.size())));
+        std::vector<std::array<QString, 7>> rows(1);
+        std::string field;
+        while (!in.atEnd())
+            for (QString& cell : rows.emplace_back()) cell = in.readString(field) ? QString::fromStdString(field) : QString();
+        return rows;
+    }
 
     // Throw Dice with these four dice, and wait until the fourth is shown.
     void throwDice(std::array<int, 4> dice) {

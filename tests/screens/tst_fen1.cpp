@@ -2,8 +2,6 @@
 // the message line by language, and the bonus banners.
 #include "game_run.h"
 
-#include "engine/connarray.h"
-
 using namespace fendle;
 
 class TestFen1 : public QObject {
@@ -11,19 +9,14 @@ class TestFen1 : public QObject {
 
     std::unique_ptr<testing::GameRun> run;
 
-    // A board for nplayers, loaded and shown as the set-up screens leave it.
+    // A board for nplayers in a language, after the title screen has read
+    // the tables.
     Fen1Form* board(int nplayers = 2, int language = 0) {
         run.reset();
         run = std::make_unique<testing::GameRun>();
-        Module1& module = *run->module;
-        module.state.nplayers = static_cast<i16>(nplayers);
-        module.state.languagenumber = static_cast<i16>(language);
-        readConnarray(run->read("connarray.dat").toStdString(), module.state.connarray);
-        auto* f = module.screens.get<Fen1Form>(Fen1Form::formName);
-        f->game().showPlayers(nplayers);
-        f->sync();
-        module.screens.show(Fen1Form::formName);
-        return f;
+        run->write("numlang.txt", QByteArray::number(language) + "\r\n");
+        run->open();
+        return run->showBoard(nplayers);
     }
     void throwDice(std::array<int, 4> dice) { run->throwDice(dice); }
     static QPoint hexagonCentre(int n) {
@@ -60,9 +53,10 @@ private slots:
         QCOMPARE(f->childAt(hexagonCentre(2)), f->control("Image1", 2)->widget());
     }
 
-    // The message line's top and font size at each stage of the end of a
-    // game, by language: the design's table of the message line, stage by
-    // stage; an empty cell keeps what the stage before left.
+    // The message line's words, top and font size at each stage of the end
+    // of a game, by language: the rows of text.csv, and the design's table of
+    // the message line stage by stage; an empty cell keeps what the stage
+    // before left.
     void theEndOfAGameByLanguage_data() {
         QTest::addColumn<int>("language");
         QTest::addColumn<bool>("draw");
@@ -83,10 +77,11 @@ private slots:
         QFETCH(bool, draw);
         QFETCH(QList<double>, expected);
         Fen1Form* f = board(2, language);
-        const ModuleTexts& t = run->module->state.texts;
+        const auto t = run->table("text/text.csv"), r = run->table("text/rules.csv");
+        const auto text = [&](int row) { return t[std::size_t(row)][std::size_t(language)]; };
         kit::Control* line = f->control("Label2");
-        const auto stage = [&](int k, const std::string& caption) {
-            QCOMPARE(line->caption(), QString::fromStdString(caption));
+        const auto stage = [&](int k, const QString& caption) {
+            QCOMPARE(line->caption(), caption);
             QCOMPARE(line->widget()->y(), kit::px(expected[2 * k]));
             QCOMPARE(line->fontSize(), expected[2 * k + 1]);
         };
@@ -95,16 +90,16 @@ private slots:
         clickAt(1);   // Blue completes the path, with a bonus
         const int blue = f->control("Label6", 1)->caption().toInt();
         run->clock.advance(2000);
-        stage(0, t.gameovertext);
+        stage(0, text(38));
         run->clock.advance(2000);
-        stage(1, "+500 " + t.bluename);
+        stage(1, text(37) + ' ' + r[37][std::size_t(language)]);
         QCOMPARE(f->control("Label6", 1)->caption(), QString::number(blue + 500));
         if (draw) {
             f->model().Label6[2].caption = std::to_string(blue + 500);
             f->sync();
         }
         run->clock.advance(2000);
-        stage(2, draw ? t.drawtext : t.bluewinstext);
+        stage(2, text(draw ? 35 : 31));
     }
 
     // The two bonus banners flash yellow, and both end red on "FENDLE!".

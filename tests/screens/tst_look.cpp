@@ -48,17 +48,6 @@ void checkHeard(QWidget* window, const QString& name, QStringList& faults) {
         if (!testing::contains(heard, t)) faults << testing::describe(t) + " unheard in " + name;
 }
 
-// A board shown as the set-up screens leave it.
-Fen1Form* showBoard(GameRun& g, int nplayers, int timeallowed = 0) {
-    g.state().nplayers = static_cast<i16>(nplayers);
-    g.state().timeallowed = static_cast<i16>(timeallowed);
-    auto* f = g.module->screens.get<Fen1Form>(Fen1Form::formName);
-    f->game().showPlayers(nplayers);
-    f->sync();
-    g.module->screens.show(Fen1Form::formName);
-    return f;
-}
-
 QImage render(QWidget* w) { return w->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
 double contrastOf(Form* f, const char* name, int index = -1) {
@@ -128,7 +117,7 @@ private slots:
             GameRun g;
             if (french) g.write("numlang.txt", "1\r\n");
             g.open();
-            Fen1Form* board = showBoard(g, 2, 600);
+            Fen1Form* board = g.showBoard(2, 600);
             board->model().Label5[6].visible = true;   // the computer's note
             g.throwDice({1, 2, 3, 4});
             g.clickHexagon(24);
@@ -153,7 +142,7 @@ private slots:
     // whatever colour the turn gives the message line.
     void colouredTextStandsOutOnTheBoard() {
         GameRun g;
-        Fen1Form* f = showBoard(g, 4, 600);
+        Fen1Form* f = g.showBoard(4, 600);
         f->model().Label5[6].visible = true;   // the computer's note
         f->sync();
         g.throwDice({1, 2, 3, 4});   // starts the clocks: their heading shows
@@ -179,7 +168,7 @@ private slots:
     // a Space later presses nothing. Tab shows where the focus is.
     void theFocusComesOnlyFromTheKeyboard() {
         GameRun g;
-        Fen1Form* f = showBoard(g, 2);
+        Fen1Form* f = g.showBoard(2);
         f->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(f));
         auto focusedButton = [] { return qobject_cast<kit::Button*>(QApplication::focusWidget()); };

@@ -9,7 +9,6 @@
 #include <optional>
 
 #include "text/binding.h"
-#include "text/listinput.h"
 
 using namespace fendle;
 using testing::GameRun;
@@ -173,23 +172,10 @@ void checkControls(Form* f, QSize size, std::optional<Rgb> back, std::span<const
 
 // --- Words ---
 
-// text.csv rows 1 to 40 and rules.csv rows 1 to 64, seven columns each.
+// The cells of text.csv and rules.csv, [row][language].
 struct Csv {
-    QString t[41][7], r[65][7];
+    std::vector<std::array<QString, 7>> t, r;
 };
-Csv readCsv(const GameRun& g) {
-    Csv csv;
-    const auto read = [&](const char* file, QString (*rows)[7], int count) {
-        const QByteArray bytes = g.read(file);
-        ListInput in(std::string_view(bytes.constData(), std::size_t(bytes.size())));
-        std::string field;
-        for (int row = 1; row <= count; ++row)
-            for (int col = 0; col < 7; ++col) rows[row][col] = in.readString(field) ? QString::fromStdString(field) : "<end>";
-    };
-    read("text/text.csv", csv.t, 40);
-    read("text/rules.csv", csv.r, 64);
-    return csv;
-}
 
 // Where a caption comes from: 'T' and 'R' a row of text.csv or rules.csv,
 // '=' a text that is the same in every language, 'P' the page line of page
@@ -455,7 +441,7 @@ private slots:
         QStringList bad;
         for (int lang = 0; lang < 7; ++lang) {
             GameRun g;
-            const Csv csv = readCsv(g);
+            const Csv csv{g.table("text/text.csv"), g.table("text/rules.csv")};
             g.write("numlang.txt", QByteArray::number(lang) + "\r\n");
             g.open();
             const auto check = [&](const char* name, std::string_view screen = {}) {
