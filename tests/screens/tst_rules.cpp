@@ -286,6 +286,10 @@ private slots:
             QVERIFY2(!g.loaded("Cheatchart"), qPrintable(QString::number(button)));
             for (int p = 1; p <= 3; ++p) g.module->screens.unload(pageName(p, 0));
         }
+        // The title bar's close unloads a page, as it does any screen that
+        // does not answer it otherwise.
+        GameRun::closeByTitleBar(g.show(3));
+        QVERIFY(!g.loaded("Fendlerules2b"));
     }
 
     // Page Down and Page Up turn the pages, Escape leaves; Tab goes from

@@ -81,6 +81,8 @@ private slots:
         auto* box = setup->get<kit::CheckBox>("Check3");
         QCOMPARE(box->value(), 1);
         QVERIFY(g.screen("Grey")->isVisible());
+        // The box was ticked already: no click on it, only OK's.
+        QCOMPARE(g.sound->played, std::vector<std::string>{"wav\\click.wav"});
         if (wide) {
             GameRun::tick(setup, "Check3");
             QCOMPARE(int(g.state().greyback), 0);
