@@ -1,6 +1,6 @@
-// The language screen and the teachers' guide: where their controls stand,
-// the language at load and after a click, OK and its file, the keyboard, the
-// files that may be missing or unwritable, and the guide's ways in and out.
+// The language screen and the teachers' guide: the language at load and
+// after a click, OK and its file, the keyboard, the files that may be missing
+// or unwritable, and the guide's ways in and out.
 #include "game_run.h"
 
 #include <unistd.h>
@@ -10,22 +10,17 @@ using testing::GameRun;
 
 namespace {
 
-// The seven names as languages.csv writes them in a language, and that
-// language's notice and OK from text.csv.
-struct Names {
-    QStringList options;
-    QString notice, ok;
-};
-const Names english{{"English", "French", "German", "Spanish", "Italian", "Dutch", "Welsh"},
-                    "Fendle! © 2026 The Fendle! Team. All rights reserved.", "OK"};
-const Names spanish{{"Inglés", "Francés", "Alemán", "Español", "Italiano", "Neerlandés", "Galés"},
-                    "Fendle! © 2026 El equipo Fendle! Todos los derechos reservados.", "Aceptar"};
-const Names dutch{{"Engels", "Frans", "Duits", "Spaans", "Italiaans", "Nederlands", "Welsh"},
-                  "Fendle! © 2026 Het Fendle!-team. Alle rechten voorbehouden.", "OK"};
-
 QStringList optionCaptions(Form* f) {
     QStringList names;
     for (int i = 0; i < 7; ++i) names << GameRun::caption(f, "Option1", i);
+    return names;
+}
+// The seven names as languages.csv writes them in a language (its line i + 1
+// after the heading names language i).
+QStringList csvNames(const GameRun& g, int lang) {
+    const auto rows = g.table("text/languages.csv");
+    QStringList names;
+    for (std::size_t i = 0; i < 7; ++i) names << rows[i + 2][std::size_t(lang)];
     return names;
 }
 int chosen(Form* f) {
@@ -74,47 +69,31 @@ class TestLangGuide : public QObject {
 private slots:
     // The language at load: language 0 selects nothing new, so nothing runs
     // before the names are read; any other counts as a click first, and a
-    // missing or short languages.csv then leaves its blank names. The load
-    // that stops opens at the page size, and OK works all the same.
-    void theLanguageAtLoad_data() {
-        QTest::addColumn<QByteArray>("numlang");
-        QTest::addColumn<int>("keep");   // bytes of languages.csv left; -1 removes it, 0 leaves it whole
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QString>("ok");
-        QTest::addColumn<QSize>("size");
-        const QSize page(800, 600), own(364, 454);
-        QTest::newRow("0") << QByteArray() << 0 << english.options << english.ok << own;
-        QTest::newRow("3") << QByteArray("3\r\n") << 0 << spanish.options << spanish.ok << own;
-        QTest::newRow("0, no names") << QByteArray() << -1
-                                     << QStringList{"English", "Dutch", "French", "German", "Italian", "Spanish",
-                                                    "Welsh"}
-                                     << english.ok << page;
-        QTest::newRow("3, no names") << QByteArray("3\r\n") << -1 << QStringList(7, QString()) << spanish.ok << page;
-        QTest::newRow("5, short names") << QByteArray("5\r\n") << 200 << QStringList(7, QString()) << dutch.ok << page;
-    }
+    // missing or short languages.csv then leaves its blank names (language 0
+    // the design's). The load that stops opens at the page size, and OK
+    // works all the same.
     void theLanguageAtLoad() {
-        QFETCH(QByteArray, numlang);
-        QFETCH(int, keep);
-        QFETCH(QStringList, names);
-        QFETCH(QString, ok);
-        QFETCH(QSize, size);
-        GameRun g;
-        if (!numlang.isEmpty()) g.write("numlang.txt", numlang);
-        if (keep < 0) QVERIFY(QFile::remove(g.file("text/languages.csv")));
-        if (keep > 0) QVERIFY(QFile::resize(g.file("text/languages.csv"), keep));
-        Form* languages = languageScreen(g);
-        QVERIFY(languages && languages->isVisible());
-        const int language = numlang.isEmpty() ? 0 : numlang.left(1).toInt();
-        QCOMPARE(chosen(languages), language);
-        QCOMPARE(optionCaptions(languages), names);
-        QCOMPARE(GameRun::caption(languages, "Command1"), ok);
-        QCOMPARE(languages->size(), size);
-
-        GameRun::press(languages, "Command1");
-        QCOMPARE(g.read("numlang.txt"), numlang.isEmpty() ? QByteArray("0\r\n") : numlang);
-        QVERIFY(!g.loaded("languages"));
-        QVERIFY(g.screen("Titlefrm") && g.screen("Titlefrm")->isVisible());
-        QVERIFY(g.messages.isEmpty());
+        const QStringList design = {"English", "Dutch", "French", "German", "Italian", "Spanish", "Welsh"};
+        const struct {
+            int lang, keep;   // bytes of languages.csv left; -1 removes it, 0 leaves it whole
+        } cases[] = {{0, 0}, {3, 0}, {0, -1}, {3, -1}, {5, 200}};
+        for (const auto& c : cases) {
+            GameRun g;
+            g.write("numlang.txt", QByteArray::number(c.lang) + "\r\n");
+            const QStringList names = c.keep == 0 ? csvNames(g, c.lang) : c.lang == 0 ? design : QStringList(7, QString());
+            if (c.keep < 0) QVERIFY(QFile::remove(g.file("text/languages.csv")));
+            if (c.keep > 0) QVERIFY(QFile::resize(g.file("text/languages.csv"), c.keep));
+            Form* languages = languageScreen(g);
+            QVERIFY(languages && languages->isVisible());
+            QCOMPARE(chosen(languages), c.lang);
+            QCOMPARE(optionCaptions(languages), names);
+            QCOMPARE(GameRun::caption(languages, "Command1"), g.table("text/text.csv")[4][std::size_t(c.lang)]);
+            QCOMPARE(languages->size(), c.keep == 0 ? QSize(364, 454) : QSize(800, 600));
+            GameRun::press(languages, "Command1");
+            QCOMPARE(g.read("numlang.txt"), QByteArray::number(c.lang) + "\r\n");
+            QVERIFY(!g.loaded("languages") && g.screen("Titlefrm")->isVisible());
+            QVERIFY(g.messages.isEmpty());
+        }
     }
 
     // Each click turns the whole screen into the language clicked, at once;
@@ -122,18 +101,17 @@ private slots:
     // in it. The column stays where the design width puts it.
     void aClickChangesTheScreenAndOkKeepsIt() {
         GameRun g;
+        const auto text = g.table("text/text.csv");
         Form* languages = languageScreen(g);
         g.sound->played.clear();
-        const std::pair<int, const Names*> clicks[] = {{3, &spanish}, {5, &dutch}};
-        for (const auto& [index, names] : clicks) {
-            GameRun::tick(languages, "Option1", index);
-            QCOMPARE(int(g.state().languagenumber), index);
-            QCOMPARE(optionCaptions(languages), names->options);
-            QCOMPARE(GameRun::caption(languages, "Label5"), names->notice);
-            QCOMPARE(GameRun::caption(languages, "Command1"), names->ok);
+        for (const std::size_t lang : {3, 5}) {
+            GameRun::tick(languages, "Option1", int(lang));
+            QCOMPARE(std::size_t(g.state().languagenumber), lang);
+            QCOMPARE(optionCaptions(languages), csvNames(g, int(lang)));
+            QCOMPARE(GameRun::caption(languages, "Label5"), text[3][lang]);
+            QCOMPARE(GameRun::caption(languages, "Command1"), text[4][lang]);
             for (int i = 0; i < 7; ++i) QCOMPARE(languages->control("Option1", i)->left(), (5460.0 - 2295.0) / 2);
         }
-        QCOMPARE(languages->accessibleName(), QString("Fendle! – Taal kiezen"));
         QVERIFY(g.sound->played.empty());
 
         GameRun::press(languages, "Command1");
@@ -141,7 +119,7 @@ private slots:
         QCOMPARE(QString::fromStdString(g.state().languagename), QString("Dutch"));
         Form* title = g.screen("Titlefrm");
         QVERIFY(title && !g.loaded("languages"));
-        QCOMPARE(GameRun::caption(title, "Label8"), QString("Taal wijzigen"));
+        QCOMPARE(GameRun::caption(title, "Label8"), text[2][5]);
         QVERIFY(!GameRun::shows(title, "Label9"));   // no English layout
         QVERIFY(g.sound->played.empty());
     }

@@ -285,90 +285,84 @@ constexpr double _ = -1;   // an empty cell: the design value stays
 struct Cell {
     const char* screen;
     const char* name;
-    int index;
+    std::vector<int> indices;
     Prop prop;
     double design, lang[7];
 };
 
 const Cell cells[] = {
     // Only language 0 has the English layout of the title screen.
-    {"Titlefrm", "Label9", -1, Prop::Left, 720, {780, _, _, _, _, _, _}},
-    {"Titlefrm", "Label9", -1, Prop::Visible, 0, {1, _, _, _, _, _, _}},
-    {"Titlefrm", "Picture1", -1, Prop::Height, 3600, {3000, _, _, _, _, _, _}},
-    {"Titlefrm", "Label6", -1, Prop::Width, 4755, {3975, _, _, _, _, _, _}},
-    {"Titlefrm", "Label6", -1, Prop::Left, 420, {780, _, _, _, _, _, _}},
-    {"Startplay2", "Label2", -1, Prop::Size, 20.25, {_, 16, _, 15, 18, _, 18}},
-    {"Startplay2", "Label2", -1, Prop::Top, 4440, {_, _, _, 4560, _, _, _}},
-    {"Startplay2", "Label8", -1, Prop::Size, 15.75, {_, 12, _, 12, 12, _, _}},
-    {"Startplay2", "Label8", -1, Prop::Height, 435, {_, _, _, 675, _, _, _}},
-    {"Startplay2", "Label3", 2, Prop::Size, 12, {_, _, _, 10, 11, _, 10}},
-    {"Startplay2", "Label3", 2, Prop::Top, 2880, {_, _, _, _, 2820, 2820, _}},
-    {"Startplay2", "Label3", 3, Prop::Top, 3300, {_, _, _, 3480, 3480, 3480, 3480}},
-    {"Startplay2", "Text2", -1, Prop::Top, 3240, {_, _, _, 3420, 3420, 3420, 3420}},
-    {"Startplay2", "Check1", -1, Prop::Size, 12, {_, _, _, 11, 11, _, 10}},
-    {"Startplay2", "Check1", -1, Prop::Left, 720, {_, 1680, _, 240, 600, _, 960}},
-    {"Startplay2", "Check1", -1, Prop::Width, 1695, {_, 955, 1455, 2400, 2160, _, _}},
-    {"Startplay2", "Check2", -1, Prop::Size, 12, {_, _, _, 11, 11, _, 10}},
-    {"Startplay2", "Check2", -1, Prop::Left, 720, {_, 240, _, 240, 240, _, 240}},
-    {"Startplay2", "Check2", -1, Prop::Width, 1695, {_, 2400, 1455, 2400, 2520, _, 2400}},
-    {"Startplay2", "Check3", -1, Prop::Size, 12, {_, _, 11, 11, 11, _, 10}},
-    {"Startplay2", "Check3", -1, Prop::Left, 720, {_, 240, 240, 240, 360, 240, 240}},
-    {"Startplay2", "Check3", -1, Prop::Width, 1935, {_, 2400, 2580, 2400, 2400, 2700, 2700}},
-    {"Startautoplay2", "Option1", 0, Prop::Left, 360, {_, _, 240, _, 240, 240, 240}},
-    {"Startautoplay2", "Option1", 1, Prop::Left, 360, {_, _, 240, _, 240, 240, 240}},
-    {"Startautoplay2", "Option1", 2, Prop::Left, 360, {_, _, 240, _, 240, 240, 240}},
-    {"Startautoplay2", "Option1", 0, Prop::Size, 15.75, {_, 14, 14, _, 14, 12, 16}},
-    {"Startautoplay2", "Option1", 1, Prop::Size, 15.75, {_, 14, 14, _, 14, 12, 16}},
-    {"Startautoplay2", "Option1", 2, Prop::Size, 15.75, {_, 14, 14, _, 14, 12, 16}},
-    {"Startautoplay2", "Option1", 0, Prop::Width, 2535, {_, 2775, 3000, _, 3000, 3000, 3000}},
-    {"Startautoplay2", "Option1", 1, Prop::Width, 2535, {_, 2775, 3000, _, 3000, 3000, 3000}},
-    {"Startautoplay2", "Option1", 2, Prop::Width, 2535, {_, 2775, 3000, _, 3000, 3000, 3000}},
-    {"Startautoplay2", "Option1", 0, Prop::Top, 2520, {_, 3000, 3000, 3000, _, 3000, 3000}},
-    {"Startautoplay2", "Option1", 1, Prop::Top, 3240, {_, 3480, 3480, 3480, _, 3480, 3480}},
-    {"Startautoplay2", "Option1", 2, Prop::Top, 3960, {_, _, _, _, _, _, _}},
-    {"Startautoplay2", "Label2", -1, Prop::Width, 3120, {_, _, _, _, _, 3240, _}},
-    {"Startautoplay2", "Label1", -1, Prop::Top, 4980, {_, _, 4560, _, _, 4560, 4560}},
-    {"Startautoplay2", "Label7", -1, Prop::Top, 4980, {_, _, 4560, _, _, 4560, 4560}},
-    {"Startautoplay2", "Label1", -1, Prop::Height, 855, {_, _, 1275, _, _, 1275, 1275}},
-    {"Startautoplay2", "Label7", -1, Prop::Height, 855, {_, _, 1275, _, _, 1275, 1275}},
+    {"Titlefrm", "Label9", {-1}, Prop::Left, 720, {780, _, _, _, _, _, _}},
+    {"Titlefrm", "Label9", {-1}, Prop::Visible, 0, {1, _, _, _, _, _, _}},
+    {"Titlefrm", "Picture1", {-1}, Prop::Height, 3600, {3000, _, _, _, _, _, _}},
+    {"Titlefrm", "Label6", {-1}, Prop::Width, 4755, {3975, _, _, _, _, _, _}},
+    {"Titlefrm", "Label6", {-1}, Prop::Left, 420, {780, _, _, _, _, _, _}},
+    {"Startplay2", "Label2", {-1}, Prop::Size, 20.25, {_, 16, _, 15, 18, _, 18}},
+    {"Startplay2", "Label2", {-1}, Prop::Top, 4440, {_, _, _, 4560, _, _, _}},
+    {"Startplay2", "Label8", {-1}, Prop::Size, 15.75, {_, 12, _, 12, 12, _, _}},
+    {"Startplay2", "Label8", {-1}, Prop::Height, 435, {_, _, _, 675, _, _, _}},
+    {"Startplay2", "Label3", {2}, Prop::Size, 12, {_, _, _, 10, 11, _, 10}},
+    {"Startplay2", "Label3", {2}, Prop::Top, 2880, {_, _, _, _, 2820, 2820, _}},
+    {"Startplay2", "Label3", {3}, Prop::Top, 3300, {_, _, _, 3480, 3480, 3480, 3480}},
+    {"Startplay2", "Text2", {-1}, Prop::Top, 3240, {_, _, _, 3420, 3420, 3420, 3420}},
+    {"Startplay2", "Check1", {-1}, Prop::Size, 12, {_, _, _, 11, 11, _, 10}},
+    {"Startplay2", "Check1", {-1}, Prop::Left, 720, {_, 1680, _, 240, 600, _, 960}},
+    {"Startplay2", "Check1", {-1}, Prop::Width, 1695, {_, 955, 1455, 2400, 2160, _, _}},
+    {"Startplay2", "Check2", {-1}, Prop::Size, 12, {_, _, _, 11, 11, _, 10}},
+    {"Startplay2", "Check2", {-1}, Prop::Left, 720, {_, 240, _, 240, 240, _, 240}},
+    {"Startplay2", "Check2", {-1}, Prop::Width, 1695, {_, 2400, 1455, 2400, 2520, _, 2400}},
+    {"Startplay2", "Check3", {-1}, Prop::Size, 12, {_, _, 11, 11, 11, _, 10}},
+    {"Startplay2", "Check3", {-1}, Prop::Left, 720, {_, 240, 240, 240, 360, 240, 240}},
+    {"Startplay2", "Check3", {-1}, Prop::Width, 1935, {_, 2400, 2580, 2400, 2400, 2700, 2700}},
+    {"Startautoplay2", "Option1", {0, 1, 2}, Prop::Left, 360, {_, _, 240, _, 240, 240, 240}},
+    {"Startautoplay2", "Option1", {0, 1, 2}, Prop::Size, 15.75, {_, 14, 14, _, 14, 12, 16}},
+    {"Startautoplay2", "Option1", {0, 1, 2}, Prop::Width, 2535, {_, 2775, 3000, _, 3000, 3000, 3000}},
+    {"Startautoplay2", "Option1", {0}, Prop::Top, 2520, {_, 3000, 3000, 3000, _, 3000, 3000}},
+    {"Startautoplay2", "Option1", {1}, Prop::Top, 3240, {_, 3480, 3480, 3480, _, 3480, 3480}},
+    {"Startautoplay2", "Option1", {2}, Prop::Top, 3960, {_, _, _, _, _, _, _}},
+    {"Startautoplay2", "Label2", {-1}, Prop::Width, 3120, {_, _, _, _, _, 3240, _}},
+    {"Startautoplay2", "Label1", {-1}, Prop::Top, 4980, {_, _, 4560, _, _, 4560, 4560}},
+    {"Startautoplay2", "Label7", {-1}, Prop::Top, 4980, {_, _, 4560, _, _, 4560, 4560}},
+    {"Startautoplay2", "Label1", {-1}, Prop::Height, 855, {_, _, 1275, _, _, 1275, 1275}},
+    {"Startautoplay2", "Label7", {-1}, Prop::Height, 855, {_, _, 1275, _, _, 1275, 1275}},
     // Throw Dice takes Label14's left and width where the board's table says "as Label14".
-    {"fen1", "Label2", -1, Prop::Left, 4680, {_, 4560, 4560, 4800, 4800, 4440, 4740}},
-    {"fen1", "Label14", -1, Prop::Left, 1320, {_, 1080, 1080, 1080, _, 1200, 1200}},
-    {"fen1", "Label14", -1, Prop::Width, 1815, {_, _, _, 2055, _, 1565, _}},
-    {"fen1", "Label14", -1, Prop::Size, 11.25, {_, _, 10, 10, _, _, _}},
-    {"fen1", "Label4", 0, Prop::Left, 1680, {_, 1440, 1440, _, _, 1440, 1560}},
-    {"fen1", "Label4", 2, Prop::Left, 1680, {_, 1440, 1440, _, _, 1440, 1560}},
-    {"fen1", "Label4", 1, Prop::Left, 2280, {_, 2040, 2040, _, _, 2040, 2160}},
-    {"fen1", "Label4", 3, Prop::Left, 2280, {_, 2040, 2040, _, _, 2040, 2160}},
-    {"fen1", "Label3", 2, Prop::Left, 1080, {_, 1080, 1080, _, _, 1200, 1020}},
-    {"fen1", "Label3", 2, Prop::Width, 2295, {_, 1815, 1815, _, _, 1565, 2175}},
-    {"fen1", "Label3", 2, Prop::Size, 15.75, {_, 12, _, 14, _, _, 12}},
-    {"fen1", "Label10", -1, Prop::Size, 12, {_, 11, _, _, _, _, 11}},
-    {"fen1", "Label13", -1, Prop::Left, 2760, {_, _, _, _, _, _, 3240}},
-    {"fen1", "Label13", -1, Prop::Width, 1560, {_, _, _, _, _, _, 1080}},
+    {"fen1", "Label2", {-1}, Prop::Left, 4680, {_, 4560, 4560, 4800, 4800, 4440, 4740}},
+    {"fen1", "Label14", {-1}, Prop::Left, 1320, {_, 1080, 1080, 1080, _, 1200, 1200}},
+    {"fen1", "Label14", {-1}, Prop::Width, 1815, {_, _, _, 2055, _, 1565, _}},
+    {"fen1", "Label14", {-1}, Prop::Size, 11.25, {_, _, 10, 10, _, _, _}},
+    {"fen1", "Label4", {0, 2}, Prop::Left, 1680, {_, 1440, 1440, _, _, 1440, 1560}},
+    {"fen1", "Label4", {1, 3}, Prop::Left, 2280, {_, 2040, 2040, _, _, 2040, 2160}},
+    {"fen1", "Label3", {2}, Prop::Left, 1080, {_, 1080, 1080, _, _, 1200, 1020}},
+    {"fen1", "Label3", {2}, Prop::Width, 2295, {_, 1815, 1815, _, _, 1565, 2175}},
+    {"fen1", "Label3", {2}, Prop::Size, 15.75, {_, 12, _, 14, _, _, 12}},
+    {"fen1", "Label10", {-1}, Prop::Size, 12, {_, 11, _, _, _, _, 11}},
+    {"fen1", "Label13", {-1}, Prop::Left, 2760, {_, _, _, _, _, _, 3240}},
+    {"fen1", "Label13", {-1}, Prop::Width, 1560, {_, _, _, _, _, _, 1080}},
 };
 
 void checkLayout(Form* f, int lang, QStringList& bad) {
     for (const Cell& cell : cells) {
         if (f->name() != cell.screen) continue;
-        const kit::Control* c = f->control(cell.name, cell.index);
         const double want = cell.lang[lang] == _ ? cell.design : cell.lang[lang];
-        double got = -2;
-        int pixels = 0, wantPixels = pix(want);
-        if (c) {
-            const QRect g = c->widget()->geometry();
-            switch (cell.prop) {
-            case Prop::Left: got = c->left(), pixels = g.x(); break;
-            case Prop::Top: got = c->top(), pixels = g.y(); break;
-            case Prop::Width: got = c->width(), pixels = g.width(); break;
-            case Prop::Height: got = c->height(), pixels = g.height(); break;
-            case Prop::Size: got = c->fontSize(), pixels = c->widget()->font().pixelSize(), wantPixels = fontPix(want); break;
-            case Prop::Visible: got = c->visible(), pixels = wantPixels = 0; break;
+        for (const int index : cell.indices) {
+            const kit::Control* c = f->control(cell.name, index);
+            double got = -2;
+            int pixels = 0, wantPixels = pix(want);
+            if (c) {
+                const QRect g = c->widget()->geometry();
+                switch (cell.prop) {
+                case Prop::Left: got = c->left(), pixels = g.x(); break;
+                case Prop::Top: got = c->top(), pixels = g.y(); break;
+                case Prop::Width: got = c->width(), pixels = g.width(); break;
+                case Prop::Height: got = c->height(), pixels = g.height(); break;
+                case Prop::Size: got = c->fontSize(), pixels = c->widget()->font().pixelSize(), wantPixels = fontPix(want); break;
+                case Prop::Visible: got = c->visible(), pixels = wantPixels = 0; break;
+                }
             }
+            if (got != want || pixels != wantPixels)
+                bad << QStringLiteral("language %1 %2 %3: %4 for %5")
+                           .arg(lang).arg(what(f, cell.name, index), props[int(cell.prop)]).arg(got).arg(want);
         }
-        if (got != want || pixels != wantPixels)
-            bad << QStringLiteral("language %1 %2 %3: %4 for %5")
-                       .arg(lang).arg(what(f, cell.name, cell.index), props[int(cell.prop)]).arg(got).arg(want);
     }
 }
 
