@@ -413,9 +413,11 @@ private slots:
                 const QRect box = number->widget()->geometry();
                 bool prime = n > 1;
                 for (int k = 2; k * k <= n; ++k) prime = prime && n % k != 0;
-                const bool placed = n < 100 ? box == QRect(pix(left), pix(top), 32, 32)
-                                            : std::abs(box.center().x() - pix(480 + 27 * halfWidth)) <= 1 &&
-                                                  box.y() == pix(top);
+                const bool placed = std::abs(number->top() - top) < 0.01 &&
+                                    (n < 100 ? std::abs(number->left() - left) < 0.01 &&
+                                                   box == QRect(pix(left), pix(top), 32, 32)
+                                             : std::abs(box.center().x() - pix(480 + 27 * halfWidth)) <= 1 &&
+                                                   box.y() == pix(top));
                 const double counterLeft = n < 100 ? left - 45 : 240 + 27 * halfWidth - 30;
                 if (!placed || number->caption() != QString::number(n) || !number->visible() ||
                     number->foreColor() != (prime ? K : G224) || number->fontSize() != 15.75)
