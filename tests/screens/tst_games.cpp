@@ -4,7 +4,6 @@
 #include "game_run.h"
 
 #include "saved/highscores.h"
-#include "saved/lastgame.h"
 
 using namespace fendle;
 using testing::GameRun;
@@ -152,7 +151,19 @@ private slots:
         QVERIFY(board->control("Label3", button::throwDice)->enabled());
     }
 
+    // A game of two moves against the clock left with Exit and taken up
+    // again with Restart Previous Game: counters, scores and clocks come
+    // back, and so do the game's own backdrop and sound setting, whatever
+    // this run has meanwhile.
+    void exitAfterTwoMovesAndRestart_data() {
+        QTest::addColumn<int>("greyback");
+        QTest::addColumn<int>("soundon");
+        QTest::newRow("backdrop, no sound") << 1 << 0;
+        QTest::newRow("sound, no backdrop") << 0 << 1;
+    }
     void exitAfterTwoMovesAndRestart() {
+        QFETCH(int, greyback);
+        QFETCH(int, soundon);
         GameRun g;
         g.open();
         GameRun::press(g.screen("Titlefrm"), "Label5");
@@ -171,18 +182,23 @@ private slots:
         QCOMPARE(before.Label12[0].caption, std::string("597"));
         QCOMPARE(before.Label12[1].caption, std::string("598"));
 
+        g.state().greyback = static_cast<i16>(greyback);
+        g.state().soundon = static_cast<i16>(soundon);
         GameRun::press(board, "Label3", button::exitGame);
         QVERIFY(!g.loaded("fen1"));
         QVERIFY(g.screen("Titlefrm")->isVisible());
         // Blue's and Red's seconds, then the clock boxes of the absent players.
         const QList<QByteArray> lines = g.read("lastgame.inf").split('\n');
         QCOMPARE(lines.mid(209, 4), (QList<QByteArray>{"597\r", "598\r", "2000\r", "2000\r"}));
+        g.state().greyback = static_cast<i16>(1 - greyback);
+        g.module->screens.unload("Grey");
         g.sound->played.clear();
 
         GameRun::press(g.screen("Titlefrm"), "Label6");
         QVERIFY(!g.loaded("Titlefrm"));
         QCOMPARE(int(g.state().restartgame), 0);
-        QVERIFY(g.screen("Grey")->isVisible());
+        QCOMPARE(g.loaded("Grey") && g.screen("Grey")->isVisible(), greyback == 1);
+        QCOMPARE(int(g.state().soundon), soundon);
         board = g.board();
         QVERIFY(board->isVisible());
         g.clock.advance(1);   // the restored board hands the turn on at once
@@ -197,37 +213,6 @@ private slots:
         QVERIFY(GameRun::shows(board, "Label6", 2) && GameRun::shows(board, "Label5", 2));
         QVERIFY(GameRun::shows(board, "Label12", 1) && !GameRun::shows(board, "Label6", 3));
         QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
-        QCOMPARE(g.sound->played, std::vector<std::string>{"wav\\click.wav"});
-    }
-
-    // A saved game brings back its own backdrop and sound setting, whatever
-    // this run had.
-    void aRestoredGameKeepsItsBackdropAndSound_data() {
-        QTest::addColumn<int>("greyback");
-        QTest::addColumn<int>("soundon");
-        QTest::newRow("backdrop, no sound") << 1 << 0;
-        QTest::newRow("sound, no backdrop") << 0 << 1;
-    }
-    void aRestoredGameKeepsItsBackdropAndSound() {
-        QFETCH(int, greyback);
-        QFETCH(int, soundon);
-        GameRun g;
-        SavedGame saved;
-        saved.nplayers = 2;
-        saved.turn = 3;
-        saved.boardowner[24] = 1;
-        saved.boardowner[4] = 2;
-        for (auto& seconds : saved.seconds) seconds = 2000;
-        saved.soundon = static_cast<i16>(soundon);
-        saved.greyback = static_cast<i16>(greyback);
-        g.write("lastgame.inf", QByteArray::fromStdString(lastgameText(saved)));
-        g.open();
-        g.sound->played.clear();
-        GameRun::press(g.screen("Titlefrm"), "Label6");
-        QVERIFY(g.board() && g.board()->isVisible());
-        QCOMPARE(g.loaded("Grey") && g.screen("Grey")->isVisible(), greyback == 1);
-        QCOMPARE(int(g.state().soundon), soundon);
-        g.clock.advance(1);
         g.throwDice({1, 2, 3, 4});
         const std::vector<std::string> heard = {"wav\\click.wav", "wav\\cupdice.wav"};
         QCOMPARE(g.sound->played, soundon ? heard : std::vector<std::string>{});
