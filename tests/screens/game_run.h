@@ -117,15 +117,15 @@ public:
     }
 
     // The cells of a text table of the game folder ("text/text.csv"),
-    // [row][language] with the rows from 1, read here field by field rather
+    // [row][column] with the rows from 1, read here field by field rather
     // than through the program's tables.
-    std::vector<std::array<QString, 7>> table(const char* file) const {
+    std::vector<std::vector<QString>> table(const char* file, std::size_t columns = 7) const {
         const QByteArray bytes = read(file);
         ListInput in(std::string_view(bytes.constData(), std::size_t(bytes.size())));
-        std::vector<std::array<QString, 7>> rows(1);
+        std::vector<std::vector<QString>> rows(1, std::vector<QString>(columns));
         std::string field;
         while (!in.atEnd())
-            for (QString& cell : rows.emplace_back()) cell = in.readString(field) ? QString::fromStdString(field) : QString();
+            for (QString& cell : rows.emplace_back(columns)) cell = in.readString(field) ? QString::fromStdString(field) : QString();
         return rows;
     }
 

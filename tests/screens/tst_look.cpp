@@ -9,7 +9,6 @@
 #include "game_run.h"
 
 #include "screens/rulepages.h"
-#include "text/listinput.h"
 
 using namespace fendle;
 using testing::GameRun;
@@ -22,20 +21,6 @@ namespace {
 bool rewardOnBoard(const kit::Control& text, const kit::Control& picture) {
     const bool reward = text.name() == "Label1" && ((text.index() >= 23 && text.index() <= 28) || text.index() == 30);
     return reward && picture.name() == "Image1" && text.left() < picture.left();
-}
-
-// The windows' names in the seven languages, read from messages.csv: key ->
-// names, with "%1" where a rule page puts its number.
-std::map<std::string, std::vector<QString>> windowNames(const GameRun& g) {
-    std::map<std::string, std::vector<QString>> names;
-    const QByteArray bytes = g.read("text/messages.csv");
-    ListInput in(std::string_view(bytes.constData(), std::size_t(bytes.size())));
-    std::string key, field;
-    while (in.readString(key)) {
-        std::vector<QString>& row = names[key];
-        for (int lang = 0; lang < 7 && in.readString(field); ++lang) row.push_back(QString::fromStdString(field));
-    }
-    return names;
 }
 
 // The window heard as a window by `name`, and each text it shows heard with
@@ -73,7 +58,10 @@ private slots:
         QStringList faults, shrunk;
         for (int lang = 0; lang < 7; ++lang) {
             GameRun g;
-            const auto names = windowNames(g);
+            // The windows' names in the language, from messages.csv: a key and
+            // seven names, with "%1" where a rule page puts its number.
+            std::map<std::string, QString> names;
+            for (const auto& row : g.table("text/messages.csv", 8)) names[row[0].toStdString()] = row[std::size_t(lang) + 1];
             g.write("numlang.txt", QByteArray::number(lang) + "\r\n");
             g.open();
             QCOMPARE(int(g.state().languagenumber), lang);
@@ -97,8 +85,7 @@ private slots:
                         if (s.contains(" Label1(")) faults << s + " had no room";
                 if (auto* rules = dynamic_cast<RulePage*>(f); rules && rules->textShrink() > 0)
                     shrunk << QStringLiteral("%1 plain text -%2 px").arg(QString::fromStdString(name)).arg(rules->textShrink());
-                QString heardAs = name == "Cheatchart" ? f->windowTitle()
-                                                       : names.at(page ? "windowRules" : keys.at(name))[std::size_t(lang)];
+                QString heardAs = name == "Cheatchart" ? f->windowTitle() : names.at(page ? "windowRules" : keys.at(name));
                 checkHeard(f, heardAs.replace("%1", QString::number(page)), faults);
                 if (name != "Titlefrm") g.module->screens.unload(name);
             }

@@ -174,7 +174,7 @@ void checkControls(Form* f, QSize size, std::optional<Rgb> back, std::span<const
 
 // The cells of text.csv and rules.csv, [row][language].
 struct Csv {
-    std::vector<std::array<QString, 7>> t, r;
+    std::vector<std::vector<QString>> t, r;
 };
 
 // Where a caption comes from: 'T' and 'R' a row of text.csv or rules.csv,
