@@ -171,16 +171,14 @@ private slots:
         QVERIFY(countColour(dimButton, qRgb(0, 0, 0)) > 1000);
     }
 
+    // A windowed control stands in front of a light one that comes later in
+    // its table, and takes its clicks; a line paints from end to end and
+    // lets the clicks through to what lies under it.
     void clicksGoToTheControlInFront() {
         constexpr Row rows[] = {
-            // A counter over a number: the counter takes the click until it is hidden.
-            {.name = "Label1", .index = 7, .kind = Kind::Label, .left = 300, .top = 300, .width = 480, .height = 480,
-             .caption = "7", .size = 15.75, .bold = true, .transparent = true, .align = Align::Centre},
-            {.name = "Image1", .index = 7, .kind = Kind::Image, .left = 300, .top = 300, .width = 480, .height = 480},
-            // A check box under a label that comes later: windowed controls stand in front.
             {.name = "Check1", .kind = Kind::CheckBox, .left = 0, .top = 1500, .width = 1500, .height = 375},
             {.name = "Label9", .kind = Kind::Label, .left = 0, .top = 1500, .width = 1500, .height = 375},
-            // A line from (210, 80) to (310, 20) pixels over a black label lets clicks through.
+            // A line from (210, 80) to (310, 20) pixels over a black label.
             {.name = "Label2", .kind = Kind::Label, .left = 3000, .top = 0, .width = 3000, .height = 1500,
              .back = black},
             {.name = "Line1", .kind = Kind::Line, .fore = colour::white, .lineWidth = 2, .x1 = 3150, .y1 = 1200,
@@ -189,17 +187,12 @@ private slots:
         Host host(rows, {400, 150});
         QVERIFY(host.shown());
         QStringList clicked;
-        for (const char* name : {"Label1", "Image1", "Label9", "Label2"})
-            host.controls.onClick(name, [&, name](int i) { clicked << QStringLiteral("%1(%2)").arg(name).arg(i); });
-        host.click({36, 36});
-        host.controls.find("Image1", 7)->setVisible(false);
-        host.click({36, 36});
-        host.controls.find("Label1", 7)->setEnabled(false);
-        host.click({36, 36});
+        for (const char* name : {"Label9", "Label2"})
+            host.controls.onClick(name, [&, name](int) { clicked << name; });
         host.click({8, 112});
         QCOMPARE(host.controls.get<kit::CheckBox>("Check1")->value(), 1);
         host.click({260, 50});
-        QCOMPARE(clicked, (QStringList{"Image1(7)", "Label1(7)", "Label2(-1)"}));
+        QCOMPARE(clicked, QStringList{"Label2"});
 
         const QImage img = render(host.widget);
         for (QPoint p : {QPoint(211, 79), QPoint(260, 50), QPoint(308, 21)})
