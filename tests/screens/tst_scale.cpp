@@ -1,12 +1,101 @@
-// The scale of the windows: the scale chosen for common screens, the scales a
-// user may ask for, and, run at scale 2, every picture of every screen drawn
-// from its twin at twice the resolution.
+// The scale of the windows: the scale chosen for common screens, and every
+// screen of the game drawn at scale 2 as at scale 1, twice as large, with the
+// pictures drawn for that scale.
+//
+// The test runs at scale 1 and starts itself again at scale 2 ("dump"), which
+// prints where every control of every screen stands in screen pixels.
+#include <QProcess>
 #include <QtTest>
 
+#include <cstdio>
+#include <map>
+
 #include "game_run.h"
+#include "screens/grey.h"
 #include "screens/scale.h"
 
 using namespace fendle;
+
+namespace {
+
+// Every control of every screen, in screen pixels: "fen1 Label3(2)" ->
+// "x y width height font-pixels" (a window: "width height"), and the
+// pictures they show with their device pixel ratio.
+struct Layout {
+    std::map<QString, QString> places;
+    std::map<QString, qreal> pictures;
+};
+
+QString controlKey(const Form& f, const kit::Control& c) {
+    return QStringLiteral("%1 %2(%3)").arg(QString::fromStdString(f.name()), QString::fromStdString(c.name())).arg(c.index());
+}
+
+Layout measure() {
+    testing::GameRun run;
+    Module1& m = *run.module;
+    // Every screen the game defines, the title screen first, since it reads
+    // the tables that the others show.
+    std::vector<std::string> names = m.screens.names();
+    std::stable_partition(names.begin(), names.end(), [](const std::string& n) { return n == "Titlefrm"; });
+    m.state.nplayers = 2;
+    for (const std::string& name : names) m.screens.form(name);
+    // A counter on the board, so that the counters' pictures show too.
+    if (auto* board = run.board()) {
+        board->game().showPlayers(2);
+        board->sync();
+        m.screens.show(Fen1Form::formName);
+        run.throwDice({6, 5, 4, 3});
+        run.clickHexagon(18);
+    }
+
+    Layout out;
+    for (const std::string& name : names) {
+        Form* f = run.screen(name.c_str());
+        // The backdrop covers the screen, whatever its scale.
+        if (!f || name == Grey::formName) continue;
+        const qreal r = f->devicePixelRatioF();
+        const QString screen = QString::fromStdString(name);
+        out.places[screen] = QStringLiteral("%1 %2").arg(f->width() * r).arg(f->height() * r);
+        if (!f->picture().isNull()) out.pictures[screen] = f->picture().devicePixelRatio();
+        for (QWidget* w : f->findChildren<QWidget*>()) {
+            const auto* c = dynamic_cast<const kit::Control*>(w);
+            if (!c) continue;
+            const QPoint at = w->mapTo(f, QPoint(0, 0));
+            int font = 0;
+            if (auto* label = dynamic_cast<const kit::Label*>(w)) font = label->drawnPixelSize();
+            if (auto* button = dynamic_cast<const kit::Button*>(w)) font = button->drawnPixelSize();
+            out.places[controlKey(*f, *c)] = QStringLiteral("%1 %2 %3 %4 %5")
+                                                 .arg(at.x() * r).arg(at.y() * r)
+                                                 .arg(w->width() * r).arg(w->height() * r)
+                                                 .arg(font * r);
+            const QPixmap* pm = nullptr;
+            if (auto* image = dynamic_cast<const kit::Image*>(w)) pm = &image->pixmap();
+            if (auto* box = dynamic_cast<const kit::PictureBox*>(w)) pm = &box->pixmap();
+            if (pm && !pm->isNull()) out.pictures[controlKey(*f, *c)] = pm->devicePixelRatio();
+        }
+    }
+    return out;
+}
+
+QString doubled(const QString& place) {
+    QStringList parts = place.split(' ');
+    for (QString& p : parts) p = QString::number(p.toDouble() * 2);
+    return parts.join(' ');
+}
+
+// Place and size exactly doubled. The font doubled too, or one step of the
+// fitting (a pixel at scale 1) smaller: text is measured without hinting at
+// larger scales, so a caption that only just fits its box at scale 1 can
+// need that step.
+bool doubledPlace(const QString& one, const QString& two) {
+    if (two == doubled(one)) return true;
+    QStringList a = doubled(one).split(' '), b = two.split(' ');
+    if (a.size() != 5 || b.size() != 5) return false;
+    const double want = a.takeLast().toDouble(), got = b.takeLast().toDouble();
+    return a == b && got == want - 2;
+}
+
+}  // namespace
 
 class TestScale : public QObject {
     Q_OBJECT
@@ -41,41 +130,46 @@ private slots:
         for (const auto& [text, want] : cases) QVERIFY2(parseScale(QString::fromLatin1(text)) == want, text);
     }
 
-    // Every screen with a counter on the board: each picture it shows has
-    // the ratio of the screen, so at scale 2 it comes from its twin.
-    void everyPictureAtTheScreensResolution() {
-        testing::GameRun run;
-        Module1& m = *run.module;
-        run.open();
-        m.state.nplayers = 2;
-        for (const std::string& name : m.screens.names()) m.screens.form(name);
-        Fen1Form* board = run.board();
-        board->game().showPlayers(2);
-        board->sync();
-        m.screens.show(Fen1Form::formName);
-        run.throwDice({6, 5, 4, 3});
-        run.clickHexagon(18);
-        QStringList wrong;
-        int pictures = 0;
-        for (const std::string& name : m.screens.names()) {
-            Form* f = m.screens.form(name);
-            const qreal ratio = f->devicePixelRatioF();
-            std::vector<std::pair<QString, const QPixmap*>> shown = {{QString::fromStdString(name), &f->picture()}};
-            for (QWidget* w : f->findChildren<QWidget*>()) {
-                const QString at = QString::fromStdString(name) + ' ' + w->objectName();
-                if (auto* image = dynamic_cast<const kit::Image*>(w)) shown.push_back({at, &image->pixmap()});
-                if (auto* box = dynamic_cast<const kit::PictureBox*>(w)) shown.push_back({at, &box->pixmap()});
-            }
-            for (const auto& [at, pm] : shown) {
-                if (pm->isNull()) continue;
-                ++pictures;
-                if (pm->devicePixelRatio() != ratio) wrong << at;
-            }
+    void everyScreenAtScale2IsScale1Doubled() {
+        const Layout one = measure();
+        QVERIFY(one.places.size() > 100);
+
+        QProcess twice;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+        twice.setProcessEnvironment(env);
+        twice.start(QCoreApplication::applicationFilePath(), {QStringLiteral("dump")});
+        QVERIFY(twice.waitForFinished(60000));
+        QCOMPARE(twice.exitCode(), 0);
+        Layout two;
+        for (const QByteArray& line : twice.readAllStandardOutput().split('\n')) {
+            const QList<QByteArray> f = line.split('\t');
+            if (f.size() == 3 && f[0] == "place") two.places[QString::fromUtf8(f[1])] = QString::fromUtf8(f[2]);
+            if (f.size() == 3 && f[0] == "picture") two.pictures[QString::fromUtf8(f[1])] = f[2].toDouble();
         }
-        QVERIFY(pictures >= 9);
+
+        QCOMPARE(two.places.size(), one.places.size());
+        QStringList wrong;
+        for (const auto& [key, place] : one.places)
+            if (!doubledPlace(place, two.places[key])) wrong << key + ": " + two.places[key] + " for " + doubled(place);
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join('\n')));
+        // The same pictures show, each from its twin drawn at twice the resolution.
+        QVERIFY(one.pictures.size() >= 9);
+        QCOMPARE(two.pictures.size(), one.pictures.size());
+        for (const auto& [key, ratio] : two.pictures) QCOMPARE(key + ' ' + QString::number(ratio), key + " 2");
     }
 };
 
-QTEST_MAIN(TestScale)
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    if (argc == 2 && QByteArrayView(argv[1]) == "dump") {
+        const Layout layout = measure();
+        for (const auto& [key, place] : layout.places) std::printf("place\t%s\t%s\n", qPrintable(key), qPrintable(place));
+        for (const auto& [key, ratio] : layout.pictures) std::printf("picture\t%s\t%g\n", qPrintable(key), ratio);
+        return 0;
+    }
+    TestScale test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_scale.moc"
