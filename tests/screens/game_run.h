@@ -27,12 +27,10 @@
 
 namespace fendle::testing {
 
-class GameRun {
-public:
-    // speaker: where the sounds go besides the recorder; none by default.
-    explicit GameRun(std::unique_ptr<Sound> speaker = nullptr) {
-        // The folder the build made, less the program and any file a run has
-        // written there.
+// A copy of the game folder the build made, less the program and any file a
+// run has written there; the current folder while it lives.
+struct GameFolder {
+    GameFolder() {
         const QDir source(QStringLiteral(FENDLE_GAME_DIR));
         QDirIterator it(source.path(), QDir::Files, QDirIterator::Subdirectories);
         while (it.hasNext()) {
@@ -44,7 +42,17 @@ public:
         }
         previous = QDir::currentPath();
         QDir::setCurrent(folder.path());
+    }
+    ~GameFolder() { QDir::setCurrent(previous); }
 
+    QTemporaryDir folder;
+    QString previous;
+};
+
+class GameRun : public GameFolder {
+public:
+    // speaker: where the sounds go besides the recorder; none by default.
+    explicit GameRun(std::unique_ptr<Sound> speaker = nullptr) {
         PortFactory ports;
         ports.makeTimers = [this] { return clock.makeBank(); };
         auto r = std::make_unique<ScriptedRandom>();
@@ -61,7 +69,6 @@ public:
     ~GameRun() {
         module.reset();
         setMessageSink({});
-        QDir::setCurrent(previous);
     }
 
     QString file(const QString& name) const { return folder.filePath(name); }
@@ -178,8 +185,6 @@ public:
         }
     };
 
-    QTemporaryDir folder;
-    QString previous;
     VirtualClock clock;
     ScriptedRandom* random = nullptr;
     SoundRecorder* sound = nullptr;
