@@ -1,9 +1,6 @@
 // The ports of the running program: QtTimerBank on a real event loop, the
-// clock-seeded generator, and playwave with good and bad wave files.
+// clock-seeded generator, and the check of a wave file before it plays.
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QtEndian>
@@ -161,35 +158,6 @@ private slots:
         QBuffer buffer(&bytes);
         QVERIFY(buffer.open(QIODevice::ReadOnly));
         QCOMPARE(isPlayableWave(buffer), playable);
-    }
-
-    void playwaveNeverWaits() {
-        QTemporaryDir dir;
-        QVERIFY(dir.isValid());
-        const QString oldCwd = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(dir.path()));
-        auto restore = qScopeGuard([&] { QDir::setCurrent(oldCwd); });
-        QDir().mkpath(QStringLiteral("wav"));
-        auto write = [](const char* name, const QByteArray& bytes) {
-            QFile f(QString::fromLatin1(name));
-            QVERIFY(f.open(QIODevice::WriteOnly));
-            f.write(bytes);
-        };
-        write("wav/click.wav", makeWave({.samples = 22050}));
-        write("wav/cut.wav", makeWave({.samples = 22050, .cutBytes = 1000}));
-        {
-            QtSound sound;
-            QVERIFY(!sound.play("wav\\missing.wav"));
-            QVERIFY(sound.play("wav\\click.wav"));
-            QVERIFY(sound.play("wav\\click.wav"));   // again at once: cuts the first
-            QVERIFY(!sound.play("wav\\cut.wav"));
-            for (const char* name : {"wav\\click.wav", "wav\\missing.wav", "wav\\cut.wav"}) sound.playwave(name);
-            QTest::qWait(100);
-        }
-        // The sound has gone with its player and nothing hangs; a fresh player
-        // that is destroyed while its sound loads does not hang either.
-        QtSound last;
-        QVERIFY(last.play("wav\\click.wav"));
     }
 };
 
