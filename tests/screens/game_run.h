@@ -27,19 +27,23 @@
 
 namespace fendle::testing {
 
+// Copies the files of the folder `from` into `to`, less those named in `leave`.
+inline bool copyFolder(const QString& from, const QString& to, const QStringList& leave = {}) {
+    bool copied = true;
+    for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString name = QDir(from).relativeFilePath(it.next());
+        if (leave.contains(name)) continue;
+        QDir(to).mkpath(QFileInfo(name).path());
+        copied = QFile::copy(it.filePath(), to + '/' + name) && copied;
+    }
+    return copied;
+}
+
 // A copy of the game folder the build made, less the program and any file a
 // run has written there; the current folder while it lives.
 struct GameFolder {
     GameFolder() {
-        const QDir source(QStringLiteral(FENDLE_GAME_DIR));
-        QDirIterator it(source.path(), QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString from = it.next();
-            const QString name = source.relativeFilePath(from);
-            if (name == "fendle" || name == "lastgame.inf" || name == "highscores.txt" || name == "numlang.txt") continue;
-            QDir(folder.path()).mkpath(QFileInfo(name).path());
-            QFile::copy(from, folder.filePath(name));
-        }
+        copyFolder(QStringLiteral(FENDLE_GAME_DIR), folder.path(), {"fendle", "lastgame.inf", "highscores.txt", "numlang.txt"});
         previous = QDir::currentPath();
         QDir::setCurrent(folder.path());
     }

@@ -65,14 +65,9 @@ private:
     // byte, in the folder's place.
     bool fillDisk() {
         tmpfs_ = dir_ + ".full";
-        if (!QDir().mkpath(tmpfs_) || ::mount("tmpfs", tmpfs_.toLocal8Bit(), "tmpfs", 0, "size=32m") != 0) return false;
-        QDirIterator it(dir_, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString from = it.next();
-            const QString name = QDir(dir_).relativeFilePath(from);
-            QDir(tmpfs_).mkpath(QFileInfo(name).path());
-            if (!QFile::copy(from, tmpfs_ + "/" + name)) return false;
-        }
+        if (!QDir().mkpath(tmpfs_) || ::mount("tmpfs", tmpfs_.toLocal8Bit(), "tmpfs", 0, "size=32m") != 0 ||
+            !testing::copyFolder(dir_, tmpfs_))
+            return false;
         QFile filler(tmpfs_ + "/filler");
         if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return false;
         const QByteArray block(4096, 'x');
@@ -86,11 +81,6 @@ private:
     bool ok_ = true;
 };
 
-const char* faultName(Fault f) {
-    static const char* const names[] = {"none", "read-only folder", "full disk", "folder in the way"};
-    return names[static_cast<int>(f)];
-}
-
 }  // namespace
 
 Q_DECLARE_METATYPE(Fault)
@@ -101,9 +91,10 @@ class TestFaults : public QObject {
     static void faultRows() {
         QTest::addColumn<Fault>("fault");
         QTest::addColumn<int>("language");
-        const std::pair<Fault, int> rows[] = {
-            {Fault::none, 0}, {Fault::readOnlyFolder, 1}, {Fault::fullDisk, 0}, {Fault::folderInTheWay, 6}};
-        for (const auto& [fault, language] : rows) QTest::newRow(faultName(fault)) << fault << language;
+        QTest::newRow("none") << Fault::none << 0;
+        QTest::newRow("read-only folder") << Fault::readOnlyFolder << 1;
+        QTest::newRow("full disk") << Fault::fullDisk << 0;
+        QTest::newRow("folder in the way") << Fault::folderInTheWay << 6;
     }
     static void startGame(GameRun& g, int language) {
         g.write("numlang.txt", QByteArray::number(language) + "\r\n");
