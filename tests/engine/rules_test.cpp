@@ -14,33 +14,6 @@ namespace {
 using testing::Board;
 std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
-// ------------------------------------------------------------------ bonus
-
-TEST(Bonus, TrianglesAtAHexagon) {
-    struct Case {
-        std::vector<int> covered;
-        int n;
-        int bonus;
-    };
-    const Case cases[] = {
-        {{}, 33, 0},
-        {{25, 32}, 33, 100},             // the rule pages' example
-        {{12, 18}, 17, 200},             // the prime example
-        {{12, 18}, 24, 0},               // 24 touches 18 but not 12
-        {{2, 3}, 1, 100},                // 1 is not a prime
-        {{98, 99}, 100, 100},
-        {{1, 3}, 2, 200},
-        {{32, 34}, 33, 0},               // on opposite sides of 33: they don't touch each other
-        {{25}, 33, 0},                   // one neighbour is not enough
-        {{24, 25, 32, 34, 41, 42}, 33, 100},   // surrounded: still one bonus
-    };
-    for (const Case& c : cases) {
-        Board b;
-        for (int n : c.covered) b.cover({n});
-        EXPECT_EQ(b.f().checkfendle(static_cast<i16>(c.n)), c.bonus) << "hexagon " << c.n;
-    }
-}
-
 // ------------------------------------------------------------------ path
 
 const std::vector<int> edgePath = {1, 3, 6, 10, 15, 21, 28, 36, 45, 55, 64, 72, 79, 85, 90, 94, 97, 99, 100};
