@@ -82,15 +82,28 @@ TEST(GamePaths, OwnFilesGoToTheUserFolderWhichTheFirstWriteMakes) {
         EXPECT_EQ(gamePath(own), user + "/" + std::string(own));
     EXPECT_EQ(gamePath("lastgame.inf", "/elsewhere"), "/elsewhere/lastgame.inf");
 
+    const auto entries = [](const std::string& folder) {
+        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    };
     ASSERT_FALSE(fs::exists(tree.at("home")));
     ASSERT_TRUE(writeNumlang(gamePath(numlangFile), 2));
     EXPECT_EQ(readFileBytes(user + "/numlang.txt"), "2\r\n");
     struct stat st {};
     ASSERT_EQ(::stat(user.c_str(), &st), 0);
     EXPECT_EQ(st.st_mode & 0777, 0700u) << "the user's folder is the user's alone";
-    EXPECT_EQ(std::distance(fs::directory_iterator(tree.at("share/fendle")), fs::directory_iterator()), 1)
-        << "nothing is written into the data folder";
+    EXPECT_EQ(entries(tree.at("share/fendle")), 1) << "nothing is written into the data folder";
+    ASSERT_TRUE(writeFileAtomic(gamePath(numlangFile), "5\r\n"));
+    EXPECT_EQ(readFileBytes(user + "/numlang.txt"), "5\r\n");
+    EXPECT_EQ(entries(user), 1) << "no temporary file is left beside it";
+    EXPECT_FALSE(readFileBytes(user + "/missing.txt").has_value());
 
+    // A folder where the file should be: the new file cannot take its place.
+    fs::create_directories(user + "/highscores.txt/inside");
+    std::string error;
+    EXPECT_FALSE(writeFileAtomic(gamePath("highscores.txt"), "x\r\n", &error));
+    EXPECT_FALSE(error.empty());
+    EXPECT_TRUE(fs::is_directory(user + "/highscores.txt/inside"));
+    EXPECT_EQ(entries(user), 2) << "nor after a failed one";
     // Only the user folder is made: a missing folder elsewhere stays a failure.
     EXPECT_FALSE(writeFileAtomic(tree.at("share/fendle/missing/lastgame.inf"), "x"));
     EXPECT_FALSE(fs::exists(tree.at("share/fendle/missing")));
