@@ -1,6 +1,7 @@
-// The csv readers and the text binding on any bytes, given as all four csv
-// files at once: a load either fails with a message naming its file or
-// fills the tables, and every screen's captions can then be built.
+// The csv readers, numlang.txt and the text binding on any bytes, given as
+// every text file at once: a load either fails with a message naming its
+// file or fills the tables, and every screen's captions can then be built;
+// the language read is one with texts, or none with the English name.
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -24,6 +25,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool loaded = fendle::loadtexttables(bytes, bytes, *tables, language, texts, &error);
     if (!loaded) FUZZ_CHECK(error.find(".csv") != std::string::npos || error.find("language") != std::string::npos);
     if (loaded) FUZZ_CHECK(texts.oktext == fendle::textRow(*tables, language, 4));
+
+    std::int16_t number = 99;
+    std::string name;
+    fendle::readlanguagefile(bytes, number, name);
+    FUZZ_CHECK(number == 99 ? name == "English" : number >= 0 && number <= 6 && name == *fendle::languageName(number));
 
     fendle::LanguageTable names;
     if (!fendle::readlanguagenames(bytes, names, &error)) FUZZ_CHECK(error.find("languages.csv") != std::string::npos);

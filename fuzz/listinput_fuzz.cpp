@@ -1,10 +1,13 @@
 // The list-input reader on any bytes: every read ends, consumes something,
-// and gives valid UTF-8.
+// and gives valid UTF-8. The neighbour table it reads either lies on the
+// board and writes back to text that reads as the same table, or is left
+// as it was.
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "engine/connarray.h"
 #include "fuzz/fuzz_check.h"
 #include "text/listinput.h"
 
@@ -51,5 +54,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     std::string field;
     FUZZ_CHECK(!in.readString(field));
+
+    fendle::ConnArray table{}, again{};
+    table[100][6] = 7;   // a mark that only a whole table read replaces
+    std::string error;
+    if (!fendle::readConnarray(bytes, table, &error)) {
+        FUZZ_CHECK(table[100][6] == 7 && !error.empty());
+        return 0;
+    }
+    for (int r = 0; r <= 100; ++r)
+        for (int c = 0; c <= 6; ++c) FUZZ_CHECK(table[r][c] >= 0 && table[r][c] <= (r == 100 || c == 6 ? 0 : 100));
+    FUZZ_CHECK(fendle::readConnarray(fendle::connarrayText(table), again) && again == table);
     return 0;
 }
