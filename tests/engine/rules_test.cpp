@@ -123,19 +123,6 @@ TEST(Turn, DiceComeToRestOneByOne) {
     }
 }
 
-TEST(Turn, ThrowIsRepeatedUntilAFreeNumberCanBeMade) {
-    Board b(1, 0, 0, 0);
-    for (int n = 1; n <= 100; ++n)
-        if (n != 83) b.cover({n});
-    for (int trial = 0; trial < 5; ++trial) {
-        b.f().Label3_Click(button::throwDice);
-        auto dice = b.module.dice;
-        std::sort(dice.begin(), dice.begin() + 4);
-        EXPECT_EQ((std::array<i16, 4>{dice[0], dice[1], dice[2], dice[3]}), (std::array<i16, 4>{3, 4, 4, 5}));
-        b.clock.advance(2000);
-    }
-}
-
 TEST(Turn, MovesScoreByZoneWithTheirSoundsAndPictures) {
     struct Case {
         int n;
