@@ -18,15 +18,11 @@ using testing::touchingFromTheTop;
 
 TEST(Layout, EveryHexagonHasItsNumberPlaceAndNeighbours) {
     const double halfWidth = 407.89796518;   // the square root of 3 times 471, halved
-    int bySize[7] = {};
     for (int n = 1; n <= 100; ++n) {
         SCOPED_TRACE(n);
         const int t = cellOf(n).t, c = cellOf(n).c;
         EXPECT_EQ(hexNumber(t, c), n);
-        EXPECT_EQ(gridOf(n).t, t);
-        EXPECT_EQ(gridOf(n).c, c);
         EXPECT_EQ(neighbours(n), touchingFromTheTop(n)) << "the walk relies on rows from the highest down";
-        ++bySize[neighbours(n).size()];
         if (n == 100) continue;
         const LabelPlace label = numberLabelPlace(n), counter = counterPlace(n);
         EXPECT_NEAR(label.left, 240 + (t + 2 * c) * halfWidth, 0.01);
@@ -37,10 +33,6 @@ TEST(Layout, EveryHexagonHasItsNumberPlaceAndNeighbours) {
         EXPECT_NEAR(hexCentre(n).x, label.left + 240, 0.01);
         EXPECT_NEAR(hexCentre(n).y, label.top + 192, 0.01);
     }
-    EXPECT_EQ(bySize[6], 64);
-    EXPECT_EQ(bySize[4], 32);
-    EXPECT_EQ(bySize[3], 2);
-    EXPECT_EQ(bySize[2], 2);
     for (const float width : {480.0f, 525.0f, 600.0f}) {
         const LabelPlace l100 = numberLabelPlace(100, width);
         EXPECT_FLOAT_EQ(l100.top, numberLabelPlace(46).top);
@@ -53,14 +45,11 @@ TEST(Layout, EveryHexagonHasItsNumberPlaceAndNeighbours) {
 }
 
 TEST(Layout, PrimesAreTheFixedList) {
-    int count = 0;
     for (int n = 1; n <= 100; ++n) {
         bool prime = n > 1;
         for (int d = 2; d * d <= n; ++d) prime = prime && n % d != 0;
         EXPECT_EQ(isListedPrime(n), prime) << n;
-        count += isListedPrime(n);
     }
-    EXPECT_EQ(count, 25);
 }
 
 TEST(NeighbourTable, CommittedFileHoldsTheBoardsNeighbours) {
