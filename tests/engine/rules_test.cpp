@@ -47,14 +47,6 @@ TEST(Path, TheWalkSeesAPathExactlyWhenOneExists) {
     EXPECT_GT(apart, 2000);
 }
 
-// Puts a counter on n for the player on turn as a real move with given dice.
-void move(Board& b, std::array<int, 4> dice, int n) {
-    b.throwDice(dice);
-    b.f().search.allowed[at(n)] = 1.0;   // whatever the dice, allow n
-    b.f().Label1_Click(static_cast<i16>(n));
-    b.clock.advance(2000);
-}
-
 TEST(Path, TheLastMoverGetsTheBonusAndItCanTurnTheResult) {
     Board b(2);
     // 18 counters of the path in mixed colours, laid without moves.
@@ -64,7 +56,8 @@ TEST(Path, TheLastMoverGetsTheBonusAndItCanTurnTheResult) {
     b.m().Label6[2].caption = "600";
     b.f().turn = 0;   // red to move
     b.f().Timer1_Timer();
-    move(b, {1, 1, 1, 1}, 100);   // 100 is worth 500: red has 1100 and completes the path
+    b.playAnyway(100);   // 100 is worth 500: red has 1100 and completes the path
+    b.clock.advance(2000);
     EXPECT_EQ(b.f().winner, 2);
     EXPECT_EQ(b.m().Label2.caption, "Game Over");
     EXPECT_EQ(b.module.soundon, 0);
@@ -138,10 +131,7 @@ TEST(Turn, MovesScoreByZoneWithTheirSoundsAndPictures) {
     };
     for (const Case& c : cases) {
         Board b(1);
-        b.throwDice({1, 1, 1, 1});
-        b.f().search.allowed[at(c.n)] = 1.0;
-        b.sound.played.clear();
-        b.f().Label1_Click(static_cast<i16>(c.n));
+        b.playAnyway(c.n);
         EXPECT_EQ(b.f().bluescore, c.points);
         EXPECT_EQ(b.m().Label6[1].caption, std::to_string(c.points));
         EXPECT_EQ(b.m().Label2.caption, std::to_string(c.points) + " points");
@@ -161,10 +151,7 @@ TEST(Turn, MovesScoreByZoneWithTheirSoundsAndPictures) {
 TEST(Turn, BonusMovesFlashAndPay) {
     Board b(2);
     b.cover({12, 18}, 2);
-    b.throwDice({1, 1, 1, 1});
-    b.f().search.allowed[17] = 1.0;
-    b.sound.played.clear();
-    b.f().Label1_Click(17);   // red's counters, blue's bonus: owners don't matter
+    b.playAnyway(17);   // red's counters, blue's bonus: owners don't matter
     EXPECT_EQ(b.f().bluescore, 220);
     EXPECT_EQ(b.sound.played, std::vector<std::string>{"wav\\cheer2.wav"});
     EXPECT_EQ(b.m().Image1[17].picture, "counters\\cybl2.bmp");
