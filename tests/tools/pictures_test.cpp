@@ -7,7 +7,9 @@
 #include <QImageReader>
 #include <QRect>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <map>
 #include <set>
 
@@ -18,7 +20,6 @@
 namespace fendle {
 namespace {
 
-using testing::channelGap;
 using testing::gameFile;
 namespace geo = geometry;
 
@@ -69,6 +70,7 @@ struct ZoneHue {
     int low, high;       // first and last number of the zone
     const char* name;
     int from, to;        // hue band; from > to wraps past 0
+    bool holds(int hue) const { return from <= to ? hue >= from && hue <= to : hue >= from || hue <= to; }
 };
 const ZoneHue zoneHues[] = {
     {1, 15, "orange", 15, 45},   {16, 28, "cyan", 165, 200},   {29, 45, "yellow", 46, 70},
@@ -83,11 +85,9 @@ const ZoneHue& zoneHueOf(int n) {
 // A clear colour of its zone: its hue in the band, neither grey nor too
 // dark or pale for the grey and the black numbers on it.
 ::testing::AssertionResult ofZone(QColor c, const ZoneHue& z) {
-    const int h = c.hsvHue();
-    const bool inBand = z.from <= z.to ? h >= z.from && h <= z.to : h >= z.from || h <= z.to;
-    if (inBand && c.hsvSaturationF() > 0.45 && c.valueF() > 0.45 && c.valueF() < 0.9)
+    if (z.holds(c.hsvHue()) && c.hsvSaturationF() > 0.45 && c.valueF() > 0.45 && c.valueF() < 0.9)
         return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << c.name().toStdString() << " (hue " << h << ") is no clear " << z.name;
+    return ::testing::AssertionFailure() << c.name().toStdString() << " (hue " << c.hsvHue() << ") is no clear " << z.name;
 }
 
 // Board pixel that holds the centre of hexagon n.
@@ -127,6 +127,10 @@ TEST(BoardPicture, EachHexagonHasItsZoneColourAndPrimesAGreyBorder) {
     }
     // The blue zone stands apart from the blue of the window round the board.
     EXPECT_GE(std::abs(seen[&zoneHueOf(50)].hsvHue() - QColor(49, 135, 215).hsvHue()), 20);
+}
+
+int channelGap(QColor a, QColor b) {
+    return std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
 }
 
 // Where the window puts the counter picture of hexagon n, in board pixels.
@@ -176,10 +180,8 @@ TEST(Balls, AreRoundBallsOfTheirZoneOnTheWindowColour) {
         EXPECT_EQ(ball.pixelColor(0, 0), QColor(49, 135, 215)) << zone;
         // Under the reward label, the ball is of its zone's hue.
         const QColor under = ball.pixelColor(30, 30);
-        const ZoneHue& z = zoneHueOf(number);
-        const int h = under.hsvHue();
-        EXPECT_TRUE(z.from <= z.to ? h >= z.from && h <= z.to : h >= z.from || h <= z.to)
-            << zone << ": " << under.name().toStdString() << " is no " << z.name;
+        EXPECT_TRUE(zoneHueOf(number).holds(under.hsvHue()))
+            << zone << ": " << under.name().toStdString() << " is no " << zoneHueOf(number).name;
     }
 }
 
