@@ -117,34 +117,27 @@ TEST(Turn, DiceComeToRestOneByOne) {
 }
 
 TEST(Turn, MovesScoreByZoneWithTheirSoundsAndPictures) {
-    struct Case {
-        int n;
-        int points;
-        const char* sound;
-        const char* picture;
+    // Each zone from its first number: prefix, reward, and the sound and
+    // counter of a move on that number.
+    const struct { int first; std::string prefix; int reward; const char *sound, *picture; } zones[] = {
+        {1, "co", 10, "wav\\click1.wav", "counters\\cobl1.bmp"},   {16, "cy", 20, "wav\\click.wav", "counters\\cybl1.bmp"},
+        {29, "ye", 50, "wav\\space.wav", "counters\\yebl2.bmp"},   {46, "bl", 100, "wav\\key.wav", "counters\\blbl1.bmp"},
+        {65, "gr", 200, "wav\\boom.wav", "counters\\grbl1.bmp"},   {80, "ma", 300, "wav\\subping.wav", "counters\\mabl1.bmp"},
+        {91, "re", 500, "wav\\laser3.wav", "counters\\rebl1.bmp"},
     };
-    const Case cases[] = {
-        {7, 10, "wav\\click1.wav", "counters\\cobl2.bmp"},   {16, 20, "wav\\click.wav", "counters\\cybl1.bmp"},
-        {40, 50, "wav\\space.wav", "counters\\yebl1.bmp"},   {53, 100, "wav\\key.wav", "counters\\blbl2.bmp"},
-        {70, 200, "wav\\boom.wav", "counters\\grbl1.bmp"},   {89, 300, "wav\\subping.wav", "counters\\mabl2.bmp"},
-        {96, 500, "wav\\laser3.wav", "counters\\rebl1.bmp"},
-    };
-    for (const Case& c : cases) {
+    for (const auto& z : zones) {
         Board b(1);
-        b.playAnyway(c.n);
-        EXPECT_EQ(b.f().bluescore, c.points);
-        EXPECT_EQ(b.m().Label6[1].caption, std::to_string(c.points));
-        EXPECT_EQ(b.m().Label2.caption, std::to_string(c.points) + " points");
-        EXPECT_EQ(b.sound.played, std::vector<std::string>{c.sound});
-        EXPECT_EQ(b.m().Image1[at(c.n)].picture, c.picture);
+        b.playAnyway(z.first);
+        EXPECT_EQ(b.f().bluescore, z.reward);
+        EXPECT_EQ(b.m().Label6[1].caption, std::to_string(z.reward));
+        EXPECT_EQ(b.m().Label2.caption, std::to_string(z.reward) + " points");
+        EXPECT_EQ(b.sound.played, std::vector<std::string>{z.sound});
+        EXPECT_EQ(b.m().Image1[at(z.first)].picture, z.picture);
     }
-    // Every number's zone: the first number of each zone, its prefix and reward.
-    const struct { int first; std::string prefix; int reward; } zoneTable[] = {
-        {1, "co", 10}, {16, "cy", 20}, {29, "ye", 50}, {46, "bl", 100}, {65, "gr", 200}, {80, "ma", 300}, {91, "re", 500}};
     for (int n = 1, z = 0; n <= 100; ++n) {
-        if (z < 6 && n == zoneTable[z + 1].first) ++z;
-        EXPECT_EQ(zoneOf(n).prefix, zoneTable[z].prefix) << n;
-        EXPECT_EQ(zoneOf(n).reward, zoneTable[z].reward) << n;
+        if (z < 6 && n == zones[z + 1].first) ++z;
+        EXPECT_EQ(zoneOf(n).prefix, zones[z].prefix) << n;
+        EXPECT_EQ(zoneOf(n).reward, zones[z].reward) << n;
     }
 }
 
