@@ -49,8 +49,6 @@ struct Game {
     void fail(const std::string& what) {
         if (failure.empty()) failure = what + " (seed " + std::to_string(cfg.seed) + ", t=" + std::to_string(b.clock.now()) + ")";
     }
-    Fen1& f() { return b.f(); }
-    bool running(int t) { return b.running(t); }
 
     int inPlay() {
         int n = 0;
@@ -60,20 +58,20 @@ struct Game {
 
     // Which timers may tick in which state of the game.
     void onTick(int timer) {
-        const bool over = f().winner > 0;
+        const bool over = b.f().winner > 0;
         switch (timer) {
         case Timer1: if (over) fail("wind-up after the end"); break;
         case Timer5: if (over || b.m().Label3[2].enabled) fail("dice revealed outside a throw"); break;
-        case Timer6: if (cfg.computerlevel == 0 || over || f().turn % 2 != 0) fail("computer moved outside its turn"); break;
+        case Timer6: if (cfg.computerlevel == 0 || over || b.f().turn % 2 != 0) fail("computer moved outside its turn"); break;
         case Timer7: if (cfg.timeallowed == 0) fail("clock ticked in an untimed game"); break;
         case Timer3: case Timer11: if (!over) fail("ending timer in play"); break;
         case Timer10: if (endedBy != 0 && endedBy != 1) fail("path bonus without a path"); break;
         default: break;
         }
         const bool timerTicksOften = timer == Timer8 || timer == Timer3;
-        const i16 turn = f().turn;
-        f().timerTick(timer);
-        if (timer == Timer6 && f().turn != turn && b.m().Label10.visible) fail("the computer made an illegal move");
+        const i16 turn = b.f().turn;
+        b.f().timerTick(timer);
+        if (timer == Timer6 && b.f().turn != turn && b.m().Label10.visible) fail("the computer made an illegal move");
         if (!timerTicksOften) check();
     }
 
@@ -95,24 +93,24 @@ struct Game {
             if (!now[at(n)] && covered[at(n)]) fail("a counter went away");
         }
         covered = now;
-        if (count != f().movecount - 1) fail("move count");
-        const i16 scores[5] = {0, f().bluescore, f().redscore, f().greenscore, f().yellowscore};
+        if (count != b.f().movecount - 1) fail("move count");
+        const i16 scores[5] = {0, b.f().bluescore, b.f().redscore, b.f().greenscore, b.f().yellowscore};
         for (int p = 1; p <= 4; ++p) {
             if (scores[p] != expected[at(p)]) fail("score of player " + std::to_string(p));
             const std::string& caption = m.Label6[at(p)].caption;
-            if (!running(Timer10) && f().winner == 0 && caption != (expected[at(p)] || !caption.empty() ? std::to_string(expected[at(p)]) : ""))
+            if (!b.running(Timer10) && b.f().winner == 0 && caption != (expected[at(p)] || !caption.empty() ? std::to_string(expected[at(p)]) : ""))
                 fail("caption of player " + std::to_string(p));
         }
         // The phase is one of five.
-        const bool throwOn = m.Label3[2].enabled, t5 = running(Timer5), dice = m.Label4[0].enabled, t1 = running(Timer1);
-        const int w = f().winner;
+        const bool throwOn = m.Label3[2].enabled, t5 = b.running(Timer5), dice = m.Label4[0].enabled, t1 = b.running(Timer1);
+        const int w = b.f().winner;
         const bool phaseOk = (throwOn && !t5 && !dice && !t1 && w == 0) ||    // waiting for a throw
                              (!throwOn && t5 && !t1 && w == 0) ||             // dice rolling
                              (!throwOn && !t5 && dice && w == 0) ||           // waiting for a number / showing the move
                              (!throwOn && !t5 && !t1 && w > 0);               // game over
         if (!phaseOk) fail("no phase matches");
         // Nobody out of time is ever on turn.
-        const int q = (f().turn + 1) % cfg.nplayers;
+        const int q = (b.f().turn + 1) % cfg.nplayers;
         if (w == 0 && !t1 && !m.Label6[at(q + 1)].enabled) fail("a player out of time is on turn");
         // The game ends exactly when a path joins 1 and 100 or nobody is left.
         const bool path = covered[100] && testing::joinsTheEnds(covered);
@@ -124,25 +122,25 @@ struct Game {
     }
 
     bool waitingForNumber() {
-        return f().winner == 0 && !running(Timer1) && !running(Timer5) && b.m().Label4[0].enabled &&
+        return b.f().winner == 0 && !b.running(Timer1) && !b.running(Timer5) && b.m().Label4[0].enabled &&
                b.module.dicerevealed == 4;
     }
-    bool computersTurn() { return cfg.computerlevel != 0 && (f().turn + 1) % 2 == 1; }
+    bool computersTurn() { return cfg.computerlevel != 0 && (b.f().turn + 1) % 2 == 1; }
 
     // A click at a moment the guards must turn away.
     void strayClick() {
-        const i16 turn = f().turn;
+        const i16 turn = b.f().turn;
         const int n = 1 + static_cast<int>(rng() % 100);
         const bool wasFree = b.m().Label1[at(n)].visible;
-        f().Label1_Click(static_cast<i16>(n));
+        b.f().Label1_Click(static_cast<i16>(n));
         ++strayClicks;
-        if (f().turn != turn || b.m().Label1[at(n)].visible != wasFree) fail("a stray click was played");
+        if (b.f().turn != turn || b.m().Label1[at(n)].visible != wasFree) fail("a stray click was played");
     }
 
     void play() {
         std::uniform_real_distribution<double> u(0, 1);
         for (int step = 0; step < 1000000 && failure.empty(); ++step) {
-            if (f().winner > 0) {
+            if (b.f().winner > 0) {
                 b.clock.advance(5000);   // the path bonus and the winner
                 check();
                 return;
@@ -150,7 +148,7 @@ struct Game {
             if (b.m().Label3[2].enabled && !computersTurn()) {
                 if (u(rng) < 0.05) strayClick();
                 b.clock.advance(static_cast<int>(u(rng) * 3000));   // thinking before a throw costs nothing
-                f().Label3_Click(button::throwDice);
+                b.f().Label3_Click(button::throwDice);
                 check();
                 continue;
             }
@@ -162,17 +160,17 @@ struct Game {
                 std::vector<int> legal, wrong;
                 for (int n = 1; n <= 100; ++n) {
                     if (!b.m().Label1[at(n)].visible) continue;
-                    (f().search.allowed[at(n)] == 1.0 ? legal : wrong).push_back(n);
+                    (b.f().search.allowed[at(n)] == 1.0 ? legal : wrong).push_back(n);
                 }
                 if (legal.empty()) fail("a throw with no free number");
                 const bool mistake = !wrong.empty() && u(rng) < 0.1;
                 const auto& pool = mistake ? wrong : legal;
                 if (pool.empty()) break;
                 const int n = pool[rng() % pool.size()];
-                const i16 turnBefore = f().turn;
-                f().Label1_Click(static_cast<i16>(n));
+                const i16 turnBefore = b.f().turn;
+                b.f().Label1_Click(static_cast<i16>(n));
                 illegal += mistake;
-                if (f().turn != turnBefore + 1) fail("a click did not count");
+                if (b.f().turn != turnBefore + 1) fail("a click did not count");
                 if (mistake != b.m().Label10.visible) fail("illegal-move line");
                 check();
                 continue;
@@ -183,7 +181,7 @@ struct Game {
                 return;
             }
         }
-        if (failure.empty() && f().winner == 0) fail("the game did not end");
+        if (failure.empty() && b.f().winner == 0) fail("the game did not end");
     }
 };
 
@@ -225,14 +223,14 @@ TEST(WholeGames, ThousandsOfSeededGamesKeepTheRules) {
         if (g.endedBy != 3) {
             int best = -1, bestPlayer = 0, ties = 0;
             for (int p = 1; p <= 4; ++p) {
-                const int v = g.f().scoreboxValue(p);
+                const int v = g.b.f().scoreboxValue(p);
                 if (v > best) { best = v; bestPlayer = p; ties = 0; }
                 else if (v == best) ++ties;
             }
-            ASSERT_EQ(g.f().winner, ties ? 5 : bestPlayer) << "seed " << c.seed;
+            ASSERT_EQ(g.b.f().winner, ties ? 5 : bestPlayer) << "seed " << c.seed;
         }
         int bonus = 0;
-        for (int p = 1; p <= 4; ++p) bonus += g.f().scoreboxValue(p) - g.expected[at(p)];
+        for (int p = 1; p <= 4; ++p) bonus += g.b.f().scoreboxValue(p) - g.expected[at(p)];
         ASSERT_EQ(bonus, g.endedBy == 1 ? 500 : 0) << "seed " << c.seed;
         ASSERT_EQ(g.b.screens.count("checkhighscore"), 1) << "seed " << c.seed;
     }
