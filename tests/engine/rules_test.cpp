@@ -56,7 +56,9 @@ TEST(Path, TheLastMoverGetsTheBonusAndItCanTurnTheResult) {
     b.m().Label6[2].caption = "600";
     b.f().turn = 0;   // red to move
     b.f().Timer1_Timer();
-    b.playAnyway(100);   // 100 is worth 500: red has 1100 and completes the path
+    b.throwDice({1, 1, 1, 1});
+    b.f().search.allowed[100] = 1.0;   // 100 is worth 500: red has 1100 and completes the path
+    b.f().Label1_Click(100);
     b.clock.advance(2000);
     EXPECT_EQ(b.f().winner, 2);
     EXPECT_EQ(b.m().Label2.caption, "Game Over");
