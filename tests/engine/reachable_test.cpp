@@ -23,6 +23,31 @@ std::set<int> marks(std::array<int, 4> dice) {
     return out;
 }
 
+std::set<int> range(int lo, int hi, std::initializer_list<int> more = {}) {
+    std::set<int> s(more);
+    for (int n = lo; n <= hi; ++n) s.insert(n);
+    return s;
+}
+
+// The worked throws of the rules, whose marks are written out there in full.
+TEST(Reachable, WorkedThrowsMarkExactlyTheirNumbers) {
+    struct Case {
+        std::array<int, 4> dice;
+        std::set<int> expected;
+    };
+    const Case cases[] = {
+        {{1, 1, 2, 3}, range(1, 10, {12})},
+        {{6, 4, 3, 1}, range(1, 33, {35, 36, 37, 40, 41, 42, 43, 45, 48, 49, 54, 60, 66, 68, 69, 71, 72, 73, 75,
+                                     76, 78, 84, 90, 96})},
+        // 38 and 62 come from 37.5 and 62.5, rounded to the even neighbour.
+        {{2, 5, 5, 5}, range(1, 13, {15, 17, 18, 20, 22, 23, 25, 27, 28, 30, 32, 35, 38, 40, 45, 48, 52, 55, 60, 62,
+                                     70, 75, 100})},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(marks(c.dice), c.expected) << c.dice[0] << c.dice[1] << c.dice[2] << c.dice[3];
+    }
+}
+
 // An independent search: every expression tree over every order of the dice,
 // evaluated recursively, marked by the same rounding rule.
 std::set<int> oracle(std::array<int, 4> dice) {
