@@ -53,21 +53,27 @@ struct GameFolder {
     QString previous;
 };
 
+// The program's module with the game's screens, on virtual time.
+inline std::unique_ptr<Module1> gameModule(VirtualClock& clock, std::unique_ptr<Random> random, std::unique_ptr<Sound> sound) {
+    PortFactory ports;
+    ports.makeTimers = [&clock] { return clock.makeBank(); };
+    ports.random = std::move(random);
+    ports.sound = std::move(sound);
+    auto module = std::make_unique<Module1>(std::move(ports));
+    defineGameScreens(*module);
+    return module;
+}
+
 class GameRun : public GameFolder {
 public:
     // speaker: where the sounds go besides the recorder; none by default.
     explicit GameRun(std::unique_ptr<Sound> speaker = nullptr) {
-        PortFactory ports;
-        ports.makeTimers = [this] { return clock.makeBank(); };
         auto r = std::make_unique<ScriptedRandom>();
         random = r.get();
-        ports.random = std::move(r);
         auto s = std::make_unique<RecordAndPlay>();
         sound = &s->recorder;
         s->speaker = std::move(speaker);
-        ports.sound = std::move(s);
-        module = std::make_unique<Module1>(std::move(ports));
-        defineGameScreens(*module);
+        module = gameModule(clock, std::move(r), std::move(s));
         setMessageSink([this](const QString& text) { messages << text; });
     }
     ~GameRun() {
