@@ -1,5 +1,5 @@
 // The title, set-up and high-score screens on their own: the time box, Hide
-// Desktop, the sound rule, the Teachers' Guide by language, the files the
+// Desktop, the sound rule, the Teachers' Guide outside English, the files the
 // program cannot do without, and the ways out of each screen.
 #include "game_run.h"
 
@@ -126,21 +126,19 @@ private slots:
         QCOMPARE(g.sound->played.size(), playSound ? std::size_t(1) : std::size_t(0));
     }
 
-    // Only in English does the Teachers' Guide button show below the
-    // picture; in other languages a click at its place lands on the picture,
-    // which does what OK does.
-    void theTeachersGuideByLanguage() {
-        for (const bool english : {true, false}) {
-            GameRun g;
-            if (!english) g.write("numlang.txt", "1\r\n");
-            g.open();
-            Form* title = g.screen("Titlefrm");
-            QWidget* button = title->control("Label9")->widget();
-            QTest::mouseClick(title->windowHandle(), Qt::LeftButton, {}, button->mapTo(title, button->rect().center()));
-            QCOMPARE(g.module->screens.loads("TeacherGuide"), english ? 1 : 0);
-            QCOMPARE(g.loaded("Titlefrm"), english);      // the guide opens in front of the title screen
-            QCOMPARE(g.loaded("Startplay2"), !english);
-        }
+    // Outside English the Teachers' Guide button is hidden under the taller
+    // picture: a click at its place lands on the picture, which does what OK
+    // does.
+    void theTeachersGuideOutsideEnglish() {
+        GameRun g;
+        g.write("numlang.txt", "1\r\n");
+        g.open();
+        Form* title = g.screen("Titlefrm");
+        QWidget* button = title->control("Label9")->widget();
+        QTest::mouseClick(title->windowHandle(), Qt::LeftButton, {}, button->mapTo(title, button->rect().center()));
+        QCOMPARE(g.module->screens.loads("TeacherGuide"), 0);
+        QVERIFY(!g.loaded("Titlefrm"));
+        QVERIFY(g.loaded("Startplay2"));
     }
 
     // Without its texts or its neighbour table the program cannot go on: it
