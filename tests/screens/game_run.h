@@ -93,6 +93,15 @@ public:
     }
 
     void open() { module->screens.show("Titlefrm"); }
+    // The title screen and its OK: the set-up screen.
+    Form* setUp() {
+        open();
+        press(screen("Titlefrm"), "Label5");
+        return screen("Startplay2");
+    }
+    // A game begun by a button of the set-up screen: 0 against the computer,
+    // 1 to 3 for two to four players.
+    void startGame(int playersButton) { press(setUp(), "Label1", playersButton); }
     bool loaded(const char* name) const { return module->screens.isLoaded(name); }
     template <class F = Form>
     F* screen(const char* name) {

@@ -22,19 +22,10 @@ HighScores tableOnDisk(const GameRun& g) {
 class TestGames : public QObject {
     Q_OBJECT
 
-    // The title screen's OK, then a number of players on the set-up screen.
-    static void startGame(GameRun& g, int playersButton) {
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::press(g.screen("Startplay2"), "Label1", playersButton);
-    }
-
 private slots:
     void againstTheComputer() {
         GameRun g;
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::press(g.screen("Startplay2"), "Label1", 0);
+        g.startGame(0);
         Form* level = g.screen("Startautoplay2");
         QVERIFY(level->isVisible());
         QVERIFY(g.board() && !g.board()->isVisible());   // built for one, waiting unseen
@@ -86,9 +77,7 @@ private slots:
         QFETCH(int, greyback);
         QFETCH(int, soundon);
         GameRun g;
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::tick(g.screen("Startplay2"), "Check2");   // 600 seconds each
+        GameRun::tick(g.setUp(), "Check2");   // 600 seconds each
         GameRun::press(g.screen("Startplay2"), "Label1", 1);
         g.throwDice({1, 2, 3, 4});
         g.clock.advance(3000);   // Blue's clock runs three seconds
@@ -165,7 +154,7 @@ private slots:
         old.highnames[std::size_t(row)] = "Gone";
         old.highpoints[std::size_t(row)] = 5;
         if (row > 0) g.write("highscores.txt", QByteArray::fromStdString(highscoresText(old)));
-        startGame(g, 1);
+        g.startGame(1);
         g.state().computerlevel = static_cast<i16>(computerlevel);   // Blue's score goes to that section
         g.layPathBut(1, 2);
         g.throwDice({1, 1, 1, 1});

@@ -11,12 +11,6 @@ using testing::GameRun;
 class TestSetup : public QObject {
     Q_OBJECT
 
-    static Form* setupScreen(GameRun& g) {
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        return g.screen("Startplay2");
-    }
-
 private slots:
     // With Timers On, the seconds come from the number the box starts with.
     void theTimeBox_data() {
@@ -39,7 +33,7 @@ private slots:
         QFETCH(QString, text);
         QFETCH(int, seconds);
         GameRun g;
-        Form* setup = setupScreen(g);
+        Form* setup = g.setUp();
         if (timers) GameRun::tick(setup, "Check2");
         setup->control("Text2")->setCaption(text);
         GameRun::press(setup, "Label1", 1);
@@ -50,7 +44,7 @@ private slots:
 
     void theTimeBoxTakesOnlyNumbersAndEnterMovesOn() {
         GameRun g;
-        Form* setup = setupScreen(g);
+        Form* setup = g.setUp();
         GameRun::tick(setup, "Check2");
         auto* box = setup->get<kit::TextBox>("Text2");
         QVERIFY(box->isEnabled());
@@ -75,7 +69,7 @@ private slots:
     // and once on a wider one.
     void hideDesktop() {
         GameRun g;
-        Form* setup = setupScreen(g);
+        Form* setup = g.setUp();
         const bool wide = setup->screen()->geometry().width() * kit::twipsPerPixel > 12000;
         QCOMPARE(GameRun::shows(setup, "Check3"), wide);
         auto* box = setup->get<kit::CheckBox>("Check3");
@@ -191,9 +185,7 @@ private slots:
         GameRun g;
         // The title bar's close is the title screen's Exit: the program ends,
         // the teachers' guide with it.
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::press(g.screen("Startplay2"), "Label3", 0);
+        GameRun::press(g.setUp(), "Label3", 0);
         QVERIFY(!g.loaded("Startplay2") && !g.loaded("Grey"));
         g.open();
         GameRun::press(g.screen("Titlefrm"), "Label9");
@@ -203,7 +195,7 @@ private slots:
 
         // Exit on the level screen goes back to a fresh set-up screen; the
         // board built meanwhile goes at the next choice of players.
-        Form* setup = setupScreen(g);
+        Form* setup = g.setUp();
         GameRun::tick(setup, "Check2");
         GameRun::press(setup, "Label1", 0);
         QVERIFY(g.loaded("fen1"));
@@ -228,7 +220,7 @@ private slots:
 
     void theTableOpenedToLook() {
         GameRun g;
-        Form* setup = setupScreen(g);
+        Form* setup = g.setUp();
         GameRun::press(setup, "Label8");
         Form* scores = g.screen("highscores");
         QVERIFY(scores && scores->isVisible() && setup->isVisible());
