@@ -166,11 +166,13 @@ public:
         for (int v : dice) draws.insert(draws.end(), {0.015, (v - 1) / 6.0 + 0.01});
         random->script(draws);
     }
-    // A click where the window system would deliver it: on hexagon n.
-    void clickHexagon(int n) {
+    // The centre of hexagon n on the board window, and a click there where
+    // the window system would deliver it.
+    static QPoint hexagonPoint(int n) {
         const geometry::Point c = geometry::hexCentre(n);
-        QTest::mouseClick(board()->windowHandle(), Qt::LeftButton, {}, QPoint(kit::px(c.x), kit::px(c.y)));
+        return {kit::px(c.x), kit::px(c.y)};
     }
+    void clickHexagon(int n) { QTest::mouseClick(board()->windowHandle(), Qt::LeftButton, {}, hexagonPoint(n)); }
 
     // Lays counters along the bottom row of the board and up its right
     // edge, 1 to 55 to 100, leaving hexagon `gap` free, with a few more so
