@@ -6,10 +6,9 @@
 //
 // The seed comes from FENDLE_MONKEY_SEED, else from the time of day, and is
 // printed first; FENDLE_MONKEY_EVENTS sets the number of events (20000),
-// FENDLE_MONKEY_HANG_SECONDS how long one event may take (10), and
-// FENDLE_MONKEY_TRACE=1 prints every event as it runs. A broken invariant, a
-// hang, a crash or a sanitizer's report prints the seed, the command that
-// replays the run, and the last 50 events.
+// and FENDLE_MONKEY_HANG_SECONDS how long one event may take (10). A broken
+// invariant, a hang, a crash or a sanitizer's report prints the seed, the
+// command that replays the run, and the last 50 events.
 #include "../screens/game_run.h"
 
 #include <QApplication>
@@ -66,8 +65,8 @@ void put(const char* s) {
 // than its limit.
 class EventLog {
 public:
-    EventLog(std::uint64_t seed, bool trace, int hangSeconds)
-        : seed_(seed), trace_(trace), watchdog_([this, hangSeconds] {
+    EventLog(std::uint64_t seed, int hangSeconds)
+        : seed_(seed), watchdog_([this, hangSeconds] {
               while (!stop_) {
                   std::this_thread::sleep_for(std::chrono::milliseconds(250));
                   const std::int64_t n = running_;
@@ -96,7 +95,6 @@ public:
     }
     void end() { running_ = -1; }
     void note(const std::string& line) {
-        if (trace_) std::fprintf(stderr, "%s\n", line.c_str());
         char* text = events_[std::size_t(event_) % events_.size()].data();
         const std::size_t used = std::strlen(text);
         std::snprintf(text + used, events_[0].size() - used, "%s\n", line.c_str());
@@ -111,7 +109,6 @@ public:
 
 private:
     std::uint64_t seed_;
-    bool trace_;
     std::int64_t event_ = 0;
     std::array<std::array<char, 600>, 50> events_{};
     char header_[300] = {};
@@ -203,9 +200,7 @@ public:
         for (std::int64_t n = 1; n <= events && broke.isEmpty(); ++n) {
             const double r = chance();
             const char* kind = r < 0.55 ? "click" : r < 0.70 ? "key" : r < 0.71 ? "close" : "advance";
-            ++tally_[kind];
             log_.begin(n, kind);
-            const std::int64_t started = nowMs();
             if (!programRunning()) {   // after its Exit the program starts again
                 if (broke = endSession(); !broke.isEmpty()) break;
                 startSession();
@@ -220,35 +215,22 @@ public:
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             log_.end();
-            tally_["ms at most for an event"] = std::max(tally_["ms at most for an event"], nowMs() - started);
             broke = checkAfterEvent();
-            if (Fen1Form* board = module_ ? loadedBoard(*module_) : nullptr; board && board != countedBoard_ && board->game().winner) {
-                countedBoard_ = board;
-                ++tally_["games ended"];
-            }
         }
         if (broke.isEmpty()) broke = checkFiles();
         if (broke.isEmpty()) broke = endSession();
         return broke;
     }
 
-    // What a run went through, for the report at its end.
-    std::map<std::string, std::int64_t> tally_;
-
 private:
     // ------------------------------------------------------------ sessions
 
     void startSession() {
-        log_.note("-- the program starts (session " + std::to_string(++tally_["sessions"]) + ")");
-        PortFactory ports;
-        ports.makeTimers = [this] { return clock_.makeBank(); };
-        ports.random = std::make_unique<SeededRandom>(seed_ * 0x9E3779B97F4A7C15ull + std::uint64_t(tally_["sessions"]));
+        log_.note("-- the program starts (session " + std::to_string(++sessions_) + ")");
         auto s = std::make_unique<SoundRecorder>();
         sound_ = s.get();
         soundsChecked_ = 0;
-        ports.sound = std::move(s);
-        module_ = std::make_unique<Module1>(std::move(ports));
-        defineGameScreens(*module_);
+        module_ = testing::gameModule(clock_, std::make_unique<SeededRandom>(seed_ * 0x9E3779B97F4A7C15ull + sessions_), std::move(s));
         module_->screens.show("Titlefrm");
     }
 
@@ -263,7 +245,6 @@ private:
     // left behind.
     QString endSession() {
         if (!module_) return {};
-        for (const std::string& name : module_->screens.names()) tally_["opened " + name] += module_->screens.loads(name);
         module_->screens.unloadAll();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         module_.reset();
@@ -498,7 +479,6 @@ private:
             for (const auto& s : game->scores)
                 if (s && *s < 0) return "a negative score in lastgame.inf";
             lastgameBytes_ = *bytes;
-            ++tally_["saved games written"];
         }
         if (const auto bytes = readFileBytes(gamePath(highscoresFile)); bytes && *bytes != highscoresBytes_) {
             HighScores t;
@@ -511,7 +491,6 @@ private:
             }
             if (highscoresText(t) != *bytes) return "highscores.txt is not as the game writes it";
             highscoresBytes_ = *bytes;
-            ++tally_["high-score tables written"];
         }
         return {};
     }
@@ -520,7 +499,7 @@ private:
     double chance() { return std::uniform_real_distribution<double>(0, 1)(rng_); }
 
     EventLog& log_;
-    std::uint64_t seed_;
+    std::uint64_t seed_, sessions_ = 0;
     std::mt19937_64 rng_;
     testing::GameFolder folder_;
     VirtualClock clock_;
@@ -532,7 +511,6 @@ private:
     QPointer<Form> closing_;   // the window closed by the last event, checked after it
     bool mayStay_ = false;
     std::string lastgameBytes_, highscoresBytes_;
-    QPointer<Fen1Form> countedBoard_;
 };
 
 }  // namespace
@@ -549,7 +527,7 @@ private slots:
         std::fprintf(stderr, "monkey: seed %llu, %lld events (FENDLE_MONKEY_SEED=%llu to replay)\n",
                      static_cast<unsigned long long>(seed), static_cast<long long>(events), static_cast<unsigned long long>(seed));
 
-        EventLog log(seed, fromEnvironment("FENDLE_MONKEY_TRACE", 0) != 0, int(fromEnvironment("FENDLE_MONKEY_HANG_SECONDS", 10)));
+        EventLog log(seed, int(fromEnvironment("FENDLE_MONKEY_HANG_SECONDS", 10)));
         activeLog = &log;
         const bool sanitized = __sanitizer_set_death_callback != nullptr;
         if (sanitized) __sanitizer_set_death_callback(onSanitizerDeath);   // the sanitizer reports the crash itself
@@ -560,10 +538,6 @@ private slots:
             Monkey m(seed, log);
             broke = m.run(events);
             if (!broke.isEmpty()) log.print(qPrintable(broke));
-            std::string report = "monkey:";
-            for (const auto& [what, n] : m.tally_)
-                if (n) report.append(" ").append(what).append(" ").append(std::to_string(n)).append(",");
-            std::fprintf(stderr, "%s\n", report.c_str());
         }
         if (sanitized) __sanitizer_set_death_callback(nullptr);
         for (int sig : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) std::signal(sig, SIG_DFL);

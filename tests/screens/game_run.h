@@ -53,21 +53,27 @@ struct GameFolder {
     QString previous;
 };
 
+// The program's module with the game's screens, on virtual time.
+inline std::unique_ptr<Module1> gameModule(VirtualClock& clock, std::unique_ptr<Random> random, std::unique_ptr<Sound> sound) {
+    PortFactory ports;
+    ports.makeTimers = [&clock] { return clock.makeBank(); };
+    ports.random = std::move(random);
+    ports.sound = std::move(sound);
+    auto module = std::make_unique<Module1>(std::move(ports));
+    defineGameScreens(*module);
+    return module;
+}
+
 class GameRun : public GameFolder {
 public:
     // speaker: where the sounds go besides the recorder; none by default.
     explicit GameRun(std::unique_ptr<Sound> speaker = nullptr) {
-        PortFactory ports;
-        ports.makeTimers = [this] { return clock.makeBank(); };
         auto r = std::make_unique<ScriptedRandom>();
         random = r.get();
-        ports.random = std::move(r);
         auto s = std::make_unique<RecordAndPlay>();
         sound = &s->recorder;
         s->speaker = std::move(speaker);
-        ports.sound = std::move(s);
-        module = std::make_unique<Module1>(std::move(ports));
-        defineGameScreens(*module);
+        module = gameModule(clock, std::move(r), std::move(s));
         setMessageSink([this](const QString& text) { messages << text; });
     }
     ~GameRun() {
@@ -87,6 +93,15 @@ public:
     }
 
     void open() { module->screens.show("Titlefrm"); }
+    // The title screen and its OK: the set-up screen.
+    Form* setUp() {
+        open();
+        press(screen("Titlefrm"), "Label5");
+        return screen("Startplay2");
+    }
+    // A game begun by a button of the set-up screen: 0 against the computer,
+    // 1 to 3 for two to four players.
+    void startGame(int playersButton) { press(setUp(), "Label1", playersButton); }
     bool loaded(const char* name) const { return module->screens.isLoaded(name); }
     template <class F = Form>
     F* screen(const char* name) {
@@ -151,11 +166,13 @@ public:
         for (int v : dice) draws.insert(draws.end(), {0.015, (v - 1) / 6.0 + 0.01});
         random->script(draws);
     }
-    // A click where the window system would deliver it: on hexagon n.
-    void clickHexagon(int n) {
+    // The centre of hexagon n on the board window, and a click there where
+    // the window system would deliver it.
+    static QPoint hexagonPoint(int n) {
         const geometry::Point c = geometry::hexCentre(n);
-        QTest::mouseClick(board()->windowHandle(), Qt::LeftButton, {}, QPoint(kit::px(c.x), kit::px(c.y)));
+        return {kit::px(c.x), kit::px(c.y)};
     }
+    void clickHexagon(int n) { QTest::mouseClick(board()->windowHandle(), Qt::LeftButton, {}, hexagonPoint(n)); }
 
     // Lays counters along the bottom row of the board and up its right
     // edge, 1 to 55 to 100, leaving hexagon `gap` free, with a few more so

@@ -18,20 +18,14 @@ class TestFen1 : public QObject {
         run->open();
         return run->showBoard(nplayers);
     }
-    void throwDice(std::array<int, 4> dice) { run->throwDice(dice); }
-    static QPoint hexagonCentre(int n) {
-        const geometry::Point c = geometry::hexCentre(n);
-        return {kit::px(c.x), kit::px(c.y)};
-    }
-    void clickAt(int n) { run->clickHexagon(n); }
 
 private slots:
     void cleanup() { run.reset(); }
 
     void welshShrinksTheMessageLineForPoints() {
         Fen1Form* f = board(2, 6);
-        throwDice({1, 1, 1, 1});
-        clickAt(4);
+        run->throwDice({1, 1, 1, 1});
+        run->clickHexagon(4);
         QCOMPARE(f->control("Label2")->fontSize(), 19.0);
         QCOMPARE(f->control("Label2")->widget()->y(), kit::px(120));
         run->clock.advance(2000);
@@ -41,16 +35,16 @@ private slots:
 
     void theFlashAndTheCountersShowInFront() {
         Fen1Form* f = board(1);
-        throwDice({1, 1, 1, 1});
-        clickAt(2);
+        run->throwDice({1, 1, 1, 1});
+        run->clickHexagon(2);
         run->clock.advance(200);   // first tick of the flash: the white counter shows
         QWidget* flash = f->control("Image3")->widget();
         QVERIFY(flash->isVisible());
         QCOMPARE(flash->pos(), f->control("Image1", 2)->widget()->pos());
-        QCOMPARE(f->childAt(hexagonCentre(2)), flash);
+        QCOMPARE(f->childAt(testing::GameRun::hexagonPoint(2)), flash);
         run->clock.advance(1800);
         QVERIFY(!flash->isVisible());
-        QCOMPARE(f->childAt(hexagonCentre(2)), f->control("Image1", 2)->widget());
+        QCOMPARE(f->childAt(testing::GameRun::hexagonPoint(2)), f->control("Image1", 2)->widget());
     }
 
     // The message line's words, top and font size at each stage of the end
@@ -86,8 +80,8 @@ private slots:
             QCOMPARE(line->fontSize(), expected[2 * k + 1]);
         };
         run->layPathBut(1, 2);
-        throwDice({1, 1, 1, 1});
-        clickAt(1);   // Blue completes the path, with a bonus
+        run->throwDice({1, 1, 1, 1});
+        run->clickHexagon(1);   // Blue completes the path, with a bonus
         const int blue = f->control("Label6", 1)->caption().toInt();
         run->clock.advance(2000);
         stage(0, text(38));
@@ -114,8 +108,8 @@ private slots:
         QFETCH(QString, firstTick);
         Fen1Form* f = board(2);
         for (int n : moves) {
-            throwDice({1, 2, 3, 4});
-            clickAt(n);
+            run->throwDice({1, 2, 3, 4});
+            run->clickHexagon(n);
             if (n != moves.last()) run->clock.advance(2000);
         }
         kit::Control* banner = f->control("Label9");

@@ -10,9 +10,6 @@ using testing::GameRun;
 
 namespace {
 
-// The points of the move the message line announces ("610 points").
-int announcedPoints(Form* board) { return GameRun::caption(board, "Label2").section(' ', 0, 0).toInt(); }
-
 HighScores tableOnDisk(const GameRun& g) {
     HighScores t;
     const QByteArray bytes = g.read("highscores.txt");
@@ -25,95 +22,10 @@ HighScores tableOnDisk(const GameRun& g) {
 class TestGames : public QObject {
     Q_OBJECT
 
-    // The title screen's OK, then a number of players on the set-up screen.
-    static void startGame(GameRun& g, int playersButton) {
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::press(g.screen("Startplay2"), "Label1", playersButton);
-    }
-
 private slots:
-    void twoPlayersToTheEndAndANameInTheTable() {
-        GameRun g;
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        QVERIFY(!g.loaded("Titlefrm"));
-        QVERIFY(g.screen("Grey")->isVisible());
-        QCOMPARE(g.lastSound(), std::string("wav\\click.wav"));
-        QVERIFY(g.screen("Startplay2")->isVisible());
-        GameRun::press(g.screen("Startplay2"), "Label1", 1);
-        QVERIFY(!g.loaded("Startplay2"));
-        Fen1Form* board = g.board();
-        QVERIFY(board->isVisible());
-        QVERIFY(GameRun::shows(board, "Label6", 2) && GameRun::shows(board, "Label5", 2));
-        QVERIFY(!GameRun::shows(board, "Label6", 3) && !GameRun::shows(board, "Label12", 0));
-        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
-
-        // Blue: 24 is 1 x 2 x 3 x 4.
-        g.throwDice({1, 2, 3, 4});
-        QCOMPARE(GameRun::caption(board, "Label4", 3), QString("4"));
-        g.clickHexagon(24);
-        QCOMPARE(GameRun::caption(board, "Label6", 1), QString("20"));
-        QVERIFY(GameRun::shows(board, "Image1", 24) && !GameRun::shows(board, "Label1", 24));
-        g.clock.advance(2000);
-        QCOMPARE(GameRun::caption(board, "Label2"), QString("Red to Play"));
-        QCOMPARE(board->control("Label2")->foreColor(), colour::red);
-        QCOMPARE(board->control("Label3", button::throwDice)->foreColor(), colour::red);
-        QVERIFY(board->control("Label3", button::throwDice)->enabled());
-
-        // Red: four ones cannot make 99, and the turn is lost.
-        g.throwDice({1, 1, 1, 1});
-        g.clickHexagon(99);
-        QVERIFY(GameRun::shows(board, "Label10"));
-        QVERIFY(GameRun::shows(board, "Label1", 99));
-        QCOMPARE(g.lastSound(), std::string("wav\\boink.wav"));
-        g.clock.advance(2000);
-        QVERIFY(!GameRun::shows(board, "Label10"));
-        QCOMPARE(GameRun::caption(board, "Label2"), QString("Blue to Play"));
-
-        // Blue closes the path with a click on hexagon 1.
-        g.layPathBut(1, 2);
-        g.throwDice({1, 1, 1, 1});
-        g.clickHexagon(1);
-        const int final = 20 + announcedPoints(board) + 500;
-        g.clock.advance(2000);
-        QCOMPARE(g.lastSound(), std::string("wav\\crowd.wav"));
-        g.clock.advance(2000);
-        QCOMPARE(GameRun::caption(board, "Label6", 1), QString::number(final));
-        QVERIFY(!g.loaded("highscores"));
-        g.clock.advance(2000);
-
-        // The best score enters the empty table at the top of Open Play.
-        Form* scores = g.screen("highscores");
-        QVERIFY(scores && scores->isVisible());
-        QVERIFY(scores->windowFlags() & Qt::WindowStaysOnTopHint);
-        QCOMPARE(GameRun::caption(scores, "Label9", 0), QString::number(final));
-        QCOMPARE(GameRun::caption(scores, "Label9", 1), QString("0"));   // the section is filled anew
-        QCOMPARE(GameRun::caption(scores, "Label9", 5), QString());
-        QWidget* name = scores->control("Text1")->widget();
-        QVERIFY(name->isVisible());
-        QCOMPARE(name->y(), scores->control("Label8", 0)->widget()->y() - kit::px(60));
-        QTRY_VERIFY(name->hasFocus());
-        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
-        QVERIFY(!board->control("Label3", button::newGame)->enabled());
-
-        // Continue without a name writes the entry with an empty one.
-        GameRun::press(scores, "Label3", 0);
-        QVERIFY(!g.loaded("highscores"));
-        QVERIFY(board->control("Label3", button::exitGame)->enabled());
-        QVERIFY(board->control("Label3", button::newGame)->enabled());
-        QCOMPARE(g.lastSound(), std::string("wav\\crowd.wav"));   // the end turned the sound off
-        const HighScores t = tableOnDisk(g);
-        QCOMPARE(t.highnames[0], std::string());
-        QCOMPARE(int(t.highpoints[0]), final);
-        QVERIFY(g.messages.isEmpty());
-    }
-
     void againstTheComputer() {
         GameRun g;
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::press(g.screen("Startplay2"), "Label1", 0);
+        g.startGame(0);
         Form* level = g.screen("Startautoplay2");
         QVERIFY(level->isVisible());
         QVERIFY(g.board() && !g.board()->isVisible());   // built for one, waiting unseen
@@ -165,9 +77,7 @@ private slots:
         QFETCH(int, greyback);
         QFETCH(int, soundon);
         GameRun g;
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::tick(g.screen("Startplay2"), "Check2");   // 600 seconds each
+        GameRun::tick(g.setUp(), "Check2");   // 600 seconds each
         GameRun::press(g.screen("Startplay2"), "Label1", 1);
         g.throwDice({1, 2, 3, 4});
         g.clock.advance(3000);   // Blue's clock runs three seconds
@@ -218,52 +128,71 @@ private slots:
         QCOMPARE(g.sound->played, soundon ? heard : std::vector<std::string>{});
     }
 
-    // A new entry in the last row of a section: the fifth of Open Play, the
-    // tenth in all, the last of the computer's section.
-    void aNewEntryInTheLastRowOfASection_data() {
+    // A new entry: at the top of a table not yet written, left without a
+    // name; in the fifth row of Open Play and in the tenth, the last of the
+    // computer's section, under older entries. The table stands on top of the
+    // board, whose ways out wait for it.
+    void aNewEntryInTheTable_data() {
         QTest::addColumn<int>("computerlevel");
         QTest::addColumn<int>("row");   // 0-based
-        QTest::newRow("row 5") << 0 << 4;
-        QTest::newRow("row 10") << 3 << 9;
+        QTest::addColumn<QString>("name");
+        QTest::newRow("row 1, no file, no name") << 0 << 0 << QString();
+        QTest::newRow("row 5") << 0 << 4 << "Eve";
+        QTest::newRow("row 10") << 3 << 9 << "Eve";
     }
-    void aNewEntryInTheLastRowOfASection() {
+    void aNewEntryInTheTable() {
         QFETCH(int, computerlevel);
         QFETCH(int, row);
+        QFETCH(QString, name);
         GameRun g;
         HighScores old;
-        const int first = row - 4;
+        const int first = row / 5 * 5;
         for (int r = first; r < row; ++r) {
             old.highnames[std::size_t(r)] = std::string(1, char('A' + r - first));
             old.highpoints[std::size_t(r)] = static_cast<i16>(30000 - 1000 * (r - first));
         }
         old.highnames[std::size_t(row)] = "Gone";
         old.highpoints[std::size_t(row)] = 5;
-        g.write("highscores.txt", QByteArray::fromStdString(highscoresText(old)));
-        startGame(g, 1);
+        if (row > 0) g.write("highscores.txt", QByteArray::fromStdString(highscoresText(old)));
+        g.startGame(1);
         g.state().computerlevel = static_cast<i16>(computerlevel);   // Blue's score goes to that section
         g.layPathBut(1, 2);
         g.throwDice({1, 1, 1, 1});
         g.clickHexagon(1);
         g.clock.advance(6000);
-        const int score = GameRun::caption(g.board(), "Label6", 1).toInt();
+        Fen1Form* board = g.board();
+        const int score = GameRun::caption(board, "Label6", 1).toInt();
 
         Form* scores = g.screen("highscores");
         QVERIFY(scores && scores->isVisible());
+        QVERIFY(scores->windowFlags() & Qt::WindowStaysOnTopHint);
         for (int r = 0; r < 10; ++r) {
-            const bool section = r >= first && r <= row;
-            const QString points = r == row ? QString::number(score) : section ? QString::number(30000 - 1000 * (r - first)) : QString();
+            // The section's five rows, free ones as 0; the other section empty.
+            const QString points = r / 5 != row / 5 ? QString()
+                                   : r < row        ? QString::number(30000 - 1000 * (r - first))
+                                   : r == row       ? QString::number(score)
+                                                    : QString("0");
             QCOMPARE(GameRun::caption(scores, "Label9", r), points);
         }
-        QCOMPARE(GameRun::caption(scores, "Label8", row), QString("Gone"));   // until the name is written
-        QWidget* name = scores->control("Text1")->widget();
-        QVERIFY(name->isVisible());
-        QCOMPARE(name->y(), scores->control("Label8", row)->widget()->y() - kit::px(60));
-        QTest::keyClicks(name, "Eve");
+        if (row > 0) QCOMPARE(GameRun::caption(scores, "Label8", row), QString("Gone"));   // until the name is written
+        QWidget* box = scores->control("Text1")->widget();
+        QVERIFY(box->isVisible());
+        QCOMPARE(box->y(), scores->control("Label8", row)->widget()->y() - kit::px(60));
+        QTRY_VERIFY(box->hasFocus());
+        QVERIFY(!board->control("Label3", button::exitGame)->enabled());
+        QVERIFY(!board->control("Label3", button::newGame)->enabled());
+        QTest::keyClicks(box, name);
+        const std::size_t heard = g.sound->played.size();
         GameRun::press(scores, "Label3", 0);
+        QVERIFY(!g.loaded("highscores"));
+        QVERIFY(board->control("Label3", button::exitGame)->enabled());
+        QVERIFY(board->control("Label3", button::newGame)->enabled());
+        QCOMPARE(g.sound->played.size(), heard);   // the end turned the sound off
         const HighScores t = tableOnDisk(g);
-        QCOMPARE(t.highnames[std::size_t(row)], std::string("Eve"));
+        QCOMPARE(QString::fromStdString(t.highnames[std::size_t(row)]), name);
         QCOMPARE(int(t.highpoints[std::size_t(row)]), score);
-        QCOMPARE(t.highnames[std::size_t(row - 1)], std::string("D"));
+        if (row > 0) QCOMPARE(t.highnames[std::size_t(row - 1)], std::string("D"));
+        QVERIFY(g.messages.isEmpty());
     }
 
     // A file that holds no saved game: Restart Previous Game seems to do nothing.

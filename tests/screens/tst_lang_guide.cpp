@@ -1,9 +1,8 @@
 // The language screen and the teachers' guide: the language at load and
-// after a click, OK and its file, the keyboard, the files that may be missing
-// or unwritable, and the guide's ways in and out.
+// after a click, OK and its file, the keyboard, a languages.csv that may be
+// missing or short, and the guide's ways in and out. A numlang.txt that
+// cannot be written is tst_faults'.
 #include "game_run.h"
-
-#include <unistd.h>
 
 using namespace fendle;
 using testing::GameRun;
@@ -28,31 +27,6 @@ int chosen(Form* f) {
         if (f->get<kit::OptionButton>("Option1", i)->value()) return i;
     return -1;
 }
-
-// Makes a folder read-only for as long as it lives; run as root, the
-// process meanwhile acts as nobody, whom the folder then stops.
-class ReadOnly {
-public:
-    explicit ReadOnly(const QString& folder) : folder_(folder) {
-        if (folder_.isEmpty()) return;
-        permissions_ = QFile::permissions(folder_);
-        QFile::setPermissions(folder_, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
-                                           QFile::ReadOther | QFile::ExeOther);
-        root_ = ::geteuid() == 0 && ::seteuid(65534) == 0;
-    }
-    ~ReadOnly() {
-        if (folder_.isEmpty()) return;
-        if (root_) (void)::seteuid(0);
-        QFile::setPermissions(folder_, permissions_);
-    }
-    ReadOnly(const ReadOnly&) = delete;
-    ReadOnly& operator=(const ReadOnly&) = delete;
-
-private:
-    QString folder_;
-    QFile::Permissions permissions_;
-    bool root_ = false;
-};
 
 }  // namespace
 
@@ -154,45 +128,6 @@ private slots:
         QVERIFY(!g.loaded("languages") && g.loaded("Titlefrm"));
         QCOMPARE(g.read("numlang.txt"), QByteArray::number(language) + "\r\n");
         QCOMPARE(int(g.state().languagenumber), language);
-    }
-
-    // numlang.txt cannot be written: the user is told once, in the language
-    // chosen, and that language stands for the rest of the run, whatever an
-    // older file says.
-    void aChoiceThatCannotBeSaved_data() {
-        QTest::addColumn<bool>("readOnlyFolder");
-        QTest::newRow("a folder in its way") << false;
-        QTest::newRow("a read-only game folder over an older choice") << true;
-    }
-    void aChoiceThatCannotBeSaved() {
-        QFETCH(bool, readOnlyFolder);
-        GameRun g;
-        if (readOnlyFolder) g.write("numlang.txt", "1\r\n");
-        else QVERIFY(QDir(g.folder.path()).mkpath("numlang.txt/in the way"));
-        Form* languages = languageScreen(g);
-        QCOMPARE(chosen(languages), readOnlyFolder ? 1 : 0);
-        GameRun::tick(languages, "Option1", 5);
-
-        QString titleButton;
-        QByteArray numlang;
-        {
-            // Root writes anywhere: while the folder is read-only the test
-            // then runs as nobody.
-            ReadOnly guard(readOnlyFolder ? g.folder.path() : QString());
-            GameRun::press(languages, "Command1");
-            Form* title = g.screen("Titlefrm");
-            QVERIFY(title);
-            titleButton = GameRun::caption(title, "Label8");
-            GameRun::press(title, "Label5");   // OK reads the file again
-            numlang = g.read("numlang.txt");
-        }
-        QCOMPARE(g.messages, QStringList{"Je taalkeuze kon niet worden opgeslagen. Fendle! gebruikt deze taal tot "
-                                         "je het spel afsluit."});
-        QCOMPARE(titleButton, QString("Taal wijzigen"));
-        QCOMPARE(int(g.state().languagenumber), 5);
-        QCOMPARE(QString::fromStdString(g.state().languagename), QString("Dutch"));
-        QCOMPARE(GameRun::caption(g.screen("Startplay2"), "Label6"), QString("De regels"));
-        QCOMPARE(numlang, readOnlyFolder ? QByteArray("1\r\n") : QByteArray());
     }
 
     // The guide opens in front of the title screen and blocks nothing; only

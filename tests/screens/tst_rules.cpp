@@ -18,8 +18,7 @@ std::string pageName(int page, int set) { return std::string(pageForms[page - 1]
 struct RulesRun : GameRun {
     explicit RulesRun(int lang = 0) {
         if (lang) write("numlang.txt", QByteArray::number(lang) + "\r\n");
-        open();
-        press(screen("Titlefrm"), "Label5");
+        setUp();
     }
     Form* setup() { return screen("Startplay2"); }
     RulePage* page(int p, int set = 0) { return screen<RulePage>(pageName(p, set).c_str()); }
@@ -196,8 +195,7 @@ private slots:
         rules.replace("\"Summary of the rules\"", "\"Changed 7\"");
         g.write("text/rules.csv", rules);
         g.module->screens.unload("Startplay2");
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
+        g.setUp();
         QCOMPARE(GameRun::caption(g.show(1), "Label1", 1), QString("Changed 7"));
         RulePage* last = g.show(5);
         QCOMPARE(GameRun::caption(last, "Label1", 2), QString("Play continues with each player taking their turn in sequence."));

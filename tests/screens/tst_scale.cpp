@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <map>
 
+#include "fit_check.h"
 #include "game_run.h"
 #include "screens/grey.h"
 #include "screens/scale.h"
@@ -25,10 +26,6 @@ struct Layout {
     std::map<QString, QString> places;
     std::map<QString, qreal> pictures;
 };
-
-QString controlKey(const Form& f, const kit::Control& c) {
-    return QStringLiteral("%1 %2(%3)").arg(QString::fromStdString(f.name()), QString::fromStdString(c.name())).arg(c.index());
-}
 
 Layout measure() {
     testing::GameRun run;
@@ -60,18 +57,19 @@ Layout measure() {
         for (QWidget* w : f->findChildren<QWidget*>()) {
             const auto* c = dynamic_cast<const kit::Control*>(w);
             if (!c) continue;
+            const QString key = screen + ' ' + testing::controlName(c);
             const QPoint at = w->mapTo(f, QPoint(0, 0));
             int font = 0;
             if (auto* label = dynamic_cast<const kit::Label*>(w)) font = label->drawnPixelSize();
             if (auto* button = dynamic_cast<const kit::Button*>(w)) font = button->drawnPixelSize();
-            out.places[controlKey(*f, *c)] = QStringLiteral("%1 %2 %3 %4 %5")
-                                                 .arg(at.x() * r).arg(at.y() * r)
-                                                 .arg(w->width() * r).arg(w->height() * r)
-                                                 .arg(font * r);
+            out.places[key] = QStringLiteral("%1 %2 %3 %4 %5")
+                                  .arg(at.x() * r).arg(at.y() * r)
+                                  .arg(w->width() * r).arg(w->height() * r)
+                                  .arg(font * r);
             const QPixmap* pm = nullptr;
             if (auto* image = dynamic_cast<const kit::Image*>(w)) pm = &image->pixmap();
             if (auto* box = dynamic_cast<const kit::PictureBox*>(w)) pm = &box->pixmap();
-            if (pm && !pm->isNull()) out.pictures[controlKey(*f, *c)] = pm->devicePixelRatio();
+            if (pm && !pm->isNull()) out.pictures[key] = pm->devicePixelRatio();
         }
     }
     return out;

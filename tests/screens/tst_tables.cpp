@@ -35,41 +35,38 @@ struct Ctl {
     bool visible = true, enabled = true;
 };
 
-const Ctl fen1[] = {
-    {"Label1", 0, 3120, 2520, 480, 480, A, 15.75, B, G224, {}, hidden},
-    {"Image1", 0, 3480, 2520, 480, 480, A, 0, N, {}, {}, hidden},
-    {"Image3", -1, 3720, 120, 480, 480, A, 0, N, {}, {}, hidden},
-    {"Image2", 0, 90, 120, 840, 840},   {"Image2", 1, 90, 960, 840, 840},   {"Image2", 2, 90, 1800, 840, 840},
-    {"Image2", 3, 90, 2640, 840, 840},  {"Image2", 4, 90, 3480, 840, 840},  {"Image2", 5, 90, 4320, 840, 840},
-    {"Image2", 6, 90, 5160, 840, 840},
-    {"Label7", 0, 240, 360, 540, 360, A, 15.75, B, G224},  {"Label7", 1, 240, 1200, 540, 360, A, 15.75, B, G224},
-    {"Label7", 2, 240, 2040, 540, 360, A, 15.75, B, G224}, {"Label7", 3, 240, 2880, 540, 360, A, 15.75, B, G224},
-    {"Label7", 4, 330, 3720, 360, 360, A, 15.75, B, G224}, {"Label7", 5, 330, 4560, 360, 360, A, 15.75, B, G224},
-    {"Label7", 6, 330, 5400, 360, 360, A, 15.75, B, G224},
-    {"Label3", 0, 60, 8400, 1695, 495, T, 15.75, B, Tx, K},   {"Label3", 1, 9480, 8400, 2415, 495, T, 15.75, B, Tx, K},
-    {"Label3", 2, 1080, 120, 2295, 495, T, 15.75, B, Tx, K},  {"Label14", -1, 1320, 1920, 1815, 375, T, 11.25, B, Tx, K},
-    {"Label4", 0, 1680, 720, 495, 495, A, 20.25, B, K, Bl, shown, false},
-    {"Label4", 1, 2280, 720, 495, 495, A, 20.25, B, K, Bl, shown, false},
-    {"Label4", 2, 1680, 1320, 495, 495, A, 20.25, B, K, Bl, shown, false},
-    {"Label4", 3, 2280, 1320, 495, 495, A, 20.25, B, K, Bl, shown, false},
-    {"Label2", -1, 4680, 0, 3180, 660, A, 27.75, B, Tx},      {"Label9", -1, 9435, 0, 2445, 675, T, 27.75, B, Rd},
-    {"Label10", -1, 1800, 8460, 7560, 360, A, 12, B, W, {}, hidden},
-    {"Label5", 1, 9360, 5640, 1080, 360, A, 15.75, B, Tx},    {"Label5", 2, 9360, 6240, 1080, 360, A, 15.75, B, Rd, {}, hidden},
-    {"Label5", 3, 9240, 6840, 1200, 360, A, 15.75, B, Gn, {}, hidden},
-    {"Label5", 4, 9120, 7440, 1320, 360, A, 15.75, B, Y, {}, hidden},
-    {"Label6", 1, 10560, 5580, 1335, 495, A, 20.25, B, W, Bl},
-    {"Label6", 2, 10560, 6180, 1335, 495, A, 20.25, B, W, Rd, hidden},
-    {"Label6", 3, 10560, 6780, 1335, 495, A, 20.25, B, K, Gn, hidden},
-    {"Label6", 4, 10560, 7380, 1335, 495, A, 20.25, B, K, Y, hidden},
-    {"Label5", 6, 9000, 6960, 2850, 1200, A, 14.25, B, G192, {}, hidden},
-    {"Label12", 0, 4320, 8400, 975, 375, A, 14.25, B, K, Bl, hidden},
-    {"Label12", 1, 5400, 8400, 975, 375, A, 14.25, B, K, Rd, hidden},
-    {"Label12", 2, 6480, 8400, 975, 375, A, 14.25, B, K, Gn, hidden},
-    {"Label12", 3, 7560, 8400, 975, 375, A, 14.25, B, K, Y, hidden},
-    {"Label13", -1, 2760, 8280, 1560, 600, A, 12, B, Tx, {}, hidden},
-    {"Label5", 0, 9960, 4740, 1950, 360, A, 15.75, B, Tx, {}, hidden},
-    {"Label5", 5, 10575, 5100, 720, 360, A, 15.75, B, Tx, {}, hidden},
-};
+// The board; the balls and their rewards, the dice, and each player's name,
+// score and clock go in steps down or across.
+std::vector<Ctl> fen1() {
+    std::vector<Ctl> c = {
+        {"Label1", 0, 3120, 2520, 480, 480, A, 15.75, B, G224, {}, hidden},
+        {"Image1", 0, 3480, 2520, 480, 480, A, 0, N, {}, {}, hidden},
+        {"Image3", -1, 3720, 120, 480, 480, A, 0, N, {}, {}, hidden},
+        {"Label3", 0, 60, 8400, 1695, 495, T, 15.75, B, Tx, K},   {"Label3", 1, 9480, 8400, 2415, 495, T, 15.75, B, Tx, K},
+        {"Label3", 2, 1080, 120, 2295, 495, T, 15.75, B, Tx, K},  {"Label14", -1, 1320, 1920, 1815, 375, T, 11.25, B, Tx, K},
+        {"Label2", -1, 4680, 0, 3180, 660, A, 27.75, B, Tx},      {"Label9", -1, 9435, 0, 2445, 675, T, 27.75, B, Rd},
+        {"Label10", -1, 1800, 8460, 7560, 360, A, 12, B, W, {}, hidden},
+        {"Label5", 6, 9000, 6960, 2850, 1200, A, 14.25, B, G192, {}, hidden},
+        {"Label13", -1, 2760, 8280, 1560, 600, A, 12, B, Tx, {}, hidden},
+        {"Label5", 0, 9960, 4740, 1950, 360, A, 15.75, B, Tx, {}, hidden},
+        {"Label5", 5, 10575, 5100, 720, 360, A, 15.75, B, Tx, {}, hidden},
+    };
+    for (int i = 0; i < 7; ++i) {
+        c.push_back({"Image2", i, 90, 120 + 840.0 * i, 840, 840});
+        c.push_back({"Label7", i, i < 4 ? 240.0 : 330.0, 360 + 840.0 * i, i < 4 ? 540.0 : 360.0, 360, A, 15.75, B, G224});
+    }
+    for (int d = 0; d < 4; ++d)
+        c.push_back({"Label4", d, 1680 + 600.0 * (d % 2), 720 + 600.0 * (d / 2), 495, 495, A, 20.25, B, K, Bl, shown, false});
+    // Blue, Red, Green, Yellow: the names end at 10440.
+    const Rgb face[] = {Bl, Rd, Gn, Y}, digits[] = {W, W, K, K}, name[] = {Tx, Rd, Gn, Y};
+    const double nameWidth[] = {1080, 1080, 1200, 1320};
+    for (int p = 0; p < 4; ++p) {
+        c.push_back({"Label5", p + 1, 10440 - nameWidth[p], 5640 + 600.0 * p, nameWidth[p], 360, A, 15.75, B, name[p], {}, p == 0});
+        c.push_back({"Label6", p + 1, 10560, 5580 + 600.0 * p, 1335, 495, A, 20.25, B, digits[p], face[p], p == 0});
+        c.push_back({"Label12", p, 4320 + 1080.0 * p, 8400, 975, 375, A, 14.25, B, K, face[p], hidden});
+    }
+    return c;
+}
 
 // The title screen with the English layout; its controls stand in Frame1.
 const Ctl title[] = {
@@ -393,7 +390,7 @@ private slots:
         checkControls(g.screen("Startautoplay2"), small, Panel, level, 0, bad);
         GameRun::press(g.screen("Startautoplay2"), "Label1");
         Fen1Form* board = g.board();
-        checkControls(board, QSize(800, 600), colour::boardBlue, fen1, 200, bad);
+        checkControls(board, QSize(800, 600), colour::boardBlue, fen1(), 200, bad);
         if (board->picture().isNull()) bad << "fen1 has no board picture";
 
         const char* balls[] = {"re", "ma", "gr", "bl", "ye", "cy", "co"};

@@ -1,7 +1,8 @@
-// The two writes a pupil meets, the high-score table on Continue and the
-// saved game on Exit, each made to fail in turn: a read-only game folder, a
-// full disk and a folder where the file should be. Each time the old file
-// stays whole, the pupil is told in plain words, and the program goes on.
+// The three writes a pupil meets, the high-score table on Continue, the
+// saved game on Exit and the choice of language on its OK, each made to fail
+// in turn: a read-only game folder, a full disk and a folder where the file
+// should be. Each time the old file stays whole, the pupil is told in plain
+// words, and the program goes on.
 //
 // The read-only folder and the full disk are real mounts (a read-only bind
 // mount and a small tmpfs) in a mount namespace of this process alone, so
@@ -98,9 +99,7 @@ class TestFaults : public QObject {
     }
     static void startGame(GameRun& g, int language) {
         g.write("numlang.txt", QByteArray::number(language) + "\r\n");
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::press(g.screen("Startplay2"), "Label1", 1);   // two players
+        g.startGame(1);   // two players
     }
     static void skipUnlessPossible(const DiskFault& fault) {
         if (!fault.ok()) QSKIP("this fault needs a mount namespace of its own (run as root)");
@@ -199,6 +198,42 @@ private slots:
         // The program goes on: a new game can be set up.
         GameRun::press(title, "Label5");
         QVERIFY(g.screen("Startplay2") && g.screen("Startplay2")->isVisible());
+    }
+
+    // Dutch is chosen over an older choice of French: told in Dutch, and
+    // Dutch stands for the rest of the run, whatever the file says when OK
+    // reads it again.
+    void theLanguageCannotBeWritten_data() { faultRows(); }
+    void theLanguageCannotBeWritten() {
+        QFETCH(Fault, fault);
+        GameRun g;
+        const QByteArray before = "1\r\n";
+        g.write("numlang.txt", before);
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label8");
+        Form* languages = g.screen("languages");
+        QVERIFY(languages && languages->isVisible());
+        GameRun::tick(languages, "Option1", 5);
+
+        const DiskFault diskFault(g, fault, "numlang.txt");
+        skipUnlessPossible(diskFault);
+        GameRun::press(languages, "Command1");
+        Form* title = g.screen("Titlefrm");
+        QVERIFY(title && title->isVisible());
+        QCOMPARE(GameRun::caption(title, "Label8"), QString("Taal wijzigen"));
+        GameRun::press(title, "Label5");
+        QCOMPARE(int(g.state().languagenumber), 5);
+        QCOMPARE(QString::fromStdString(g.state().languagename), QString("Dutch"));
+        QCOMPARE(GameRun::caption(g.screen("Startplay2"), "Label6"), QString("De regels"));
+        if (fault == Fault::none) {
+            QVERIFY(g.messages.isEmpty());
+            QCOMPARE(g.read("numlang.txt"), QByteArray("5\r\n"));
+            return;
+        }
+        QCOMPARE(g.messages, QStringList{"Je taalkeuze kon niet worden opgeslagen. Fendle! gebruikt deze taal tot "
+                                         "je het spel afsluit."});
+        if (fault == Fault::folderInTheWay) QVERIFY(QFileInfo(g.file("numlang.txt")).isDir());
+        else QCOMPARE(g.read("numlang.txt"), before);
     }
 };
 

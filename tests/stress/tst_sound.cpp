@@ -187,8 +187,7 @@ private slots:
         QVERIFY(rec.running());
         std::vector<std::pair<std::string, qint64>> played;
         GameRun g(std::make_unique<TimedSpeaker>(rec.clock, played));
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");   // a click
+        g.setUp();   // a click
         listen(700);
         GameRun::press(g.screen("Startplay2"), "Label1", 1);
         listen(700);
@@ -272,9 +271,7 @@ private slots:
 
     void withSoundOffTheRecordingStaysSilent() {
         GameRun g(std::make_unique<QtSound>());
-        g.open();
-        GameRun::press(g.screen("Titlefrm"), "Label5");
-        GameRun::tick(g.screen("Startplay2"), "Check1");   // Play Sound off, with a last click
+        GameRun::tick(g.setUp(), "Check1");   // Play Sound off, with a last click
         listen(1500);
         const std::size_t before = g.sound->played.size();
 
