@@ -89,7 +89,9 @@ public:
                       static_cast<unsigned long long>(seed_), static_cast<long long>(n));
         event_ = n;
         events_[std::size_t(n) % events_.size()][0] = '\0';
-        note("#" + std::to_string(n) + " " + kind);
+        std::string line = "#";
+        line.append(std::to_string(n)).append(" ").append(kind);
+        note(line);
         startedMs_ = nowMs();
         running_ = n;
     }
