@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/rgb.h"
 #include "text/module_texts.h"
 
 namespace fendle {
@@ -16,24 +17,6 @@ namespace fendle {
 using i16 = std::int16_t;
 inline constexpr i16 vbTrue = -1;   // flags hold True as -1 and False as 0
 inline constexpr i16 vbFalse = 0;
-
-struct Rgb {
-    std::uint8_t r = 0, g = 0, b = 0;
-    constexpr bool operator==(const Rgb&) const = default;
-};
-
-namespace colour {
-inline constexpr Rgb black{0, 0, 0};
-inline constexpr Rgb white{255, 255, 255};
-inline constexpr Rgb numberGrey{224, 224, 224};   // a number that is not prime
-inline constexpr Rgb noteGrey{192, 192, 192};
-inline constexpr Rgb blueText{128, 128, 255};
-inline constexpr Rgb blue{0, 0, 255};
-inline constexpr Rgb red{255, 0, 0};
-inline constexpr Rgb green{0, 255, 0};
-inline constexpr Rgb yellow{255, 255, 0};
-inline constexpr Rgb boardBlue{49, 135, 215};      // the board window and the backdrop
-}  // namespace colour
 
 // The four players in their fixed order. Player index 0 to 3; player number
 // is the index plus 1.
