@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTimer>
 #include <QWindow>
 
@@ -23,6 +24,9 @@
 #include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
 #include "screens/game_screens.h"
+#include "screens/kit/native.h"
+#include "screens/kit/painted.h"
+#include "screens/kit/text.h"
 #include "screens/languages_form.h"
 #include "screens/module1.h"
 #include "screens/rulepages.h"
@@ -123,11 +127,11 @@ void BM_CheatchartStep(benchmark::State& state) {
     module.screens.show(Cheatchart::formName);
     Form* chart = module.screens.form(Cheatchart::formName);
     waitUntilExposed(chart);
-    auto* bar = chart->get<kit::HScrollBar>("HScroll1");
+    kit::HScrollBar* bar = chart->get<kit::HScrollBar>("HScroll1");
     int v = 0;
     for (auto _ : state) {
         v = v == 100 ? 0 : v + 1;
-        bar->setValue(v);
+        bar->bar()->setValue(v);
         chart->repaint();
     }
 }

@@ -3,11 +3,13 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <QWheelEvent>
 
 #include <string>
 
+#include "screens/kit/native.h"
 #include "screens/module1.h"
 #include "text/binding.h"
 #include "text/text_tables.h"
@@ -102,7 +104,7 @@ void Cheatchart::Form_Load() {
     placeAtTop();
 
     kit::Control* edge = control("Frame3");
-    edge->setLeft(fixedLeft - edge->width());
+    edge->setLeftTwips(fixedLeft - edge->widthTwips());
     edge->setBackColor(chartBlue);
 
     // Without tables (nothing read yet) the English caption stands.
@@ -117,7 +119,7 @@ void Cheatchart::Form_Load() {
         kit::Control* before = first;
         for (int j = 1; j <= lastColumn(row.multiplier); ++j) {
             kit::Control* cell = c.loadElement(row.array, j);
-            cell->setLeft(before->left() + before->width() + cellGap);
+            cell->setLeftTwips(before->leftTwips() + before->widthTwips() + cellGap);
             if (row.multiplier == 0) {
                 cell->setCaption(std::to_string(j));
             } else {
@@ -128,7 +130,7 @@ void Cheatchart::Form_Load() {
             cell->setVisible(true);
             before = cell;
         }
-        if (row.multiplier * lastColumn(row.multiplier) == 100) before->setWidth(hundredWidth);
+        if (row.multiplier * lastColumn(row.multiplier) == 100) before->setWidthTwips(hundredWidth);
         // The cells slide under the row's number, which stays in front.
         first->widget()->raise();
     }
@@ -140,8 +142,8 @@ void Cheatchart::HScroll1_Change() {
     // The panel and the fixed column move in one repaint: the numbers never
     // show a step behind the cells.
     setUpdatesEnabled(false);
-    control("Frame2")->setLeft(shift);
-    for (const GridRow& row : grid) control(row.array, 0)->setLeft(fixedLeft - shift);
+    control("Frame2")->setLeftTwips(shift);
+    for (const GridRow& row : grid) control(row.array, 0)->setLeftTwips(fixedLeft - shift);
     setUpdatesEnabled(true);
 }
 
@@ -160,12 +162,12 @@ void Cheatchart::wheelEvent(QWheelEvent* e) {
     // and never comes back here.
     QWheelEvent turn(e->position(), e->globalPosition(), e->pixelDelta(), e->angleDelta(), e->buttons(),
                      e->modifiers(), e->phase(), e->inverted(), Qt::MouseEventNotSynthesized, e->pointingDevice());
-    QCoreApplication::sendEvent(get<kit::HScrollBar>("HScroll1"), &turn);
+    QCoreApplication::sendEvent(get<kit::HScrollBar>("HScroll1")->bar(), &turn);
     e->accept();
 }
 
 void Cheatchart::keyPressEvent(QKeyEvent* e) {
-    auto* bar = get<kit::HScrollBar>("HScroll1");
+    QScrollBar* bar = get<kit::HScrollBar>("HScroll1")->bar();
     QAbstractSlider::SliderAction action = QAbstractSlider::SliderNoAction;
     switch (e->key()) {
     case Qt::Key_Left: action = QAbstractSlider::SliderSingleStepSub; break;

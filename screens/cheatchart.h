@@ -7,7 +7,7 @@
 
 #include <span>
 
-#include "screens/form.h"
+#include "screens/kit/form.h"
 
 class QKeyEvent;
 class QShowEvent;

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 
+#include "screens/kit/painted.h"
 #include "screens/language.h"
 #include "screens/module1.h"
 #include "text/binding.h"
@@ -182,7 +183,7 @@ void Fen1Form::sync() {
             const NumberLabel& now = b.Label1[n];
             const NumberLabel* was = s ? &s->Label1[n] : nullptr;
             if (!was || was->left != now.left || was->top != now.top || was->width != now.width)
-                label->place(now.left, now.top, now.width, 480);
+                label->placeTwips(now.left, now.top, now.width, 480);
             if (!was || was->fore != now.fore) label->setForeColor(now.fore);
             if (!was || was->visible != now.visible) label->setVisible(now.visible);
         }
@@ -193,10 +194,10 @@ void Fen1Form::sync() {
             if (!was || was->picture != now.picture) {
                 if (now.picture.empty()) counter->clearPicture();
                 else counter->setPicture(now.picture);
-                counter->setAccessibleName(counterName(static_cast<int>(n)));
+                counter->widget()->setAccessibleName(counterName(static_cast<int>(n)));
             }
-            if (!was || was->left != now.left || was->top != now.top) counter->place(now.left, now.top, 480, 480);
-            if (!was || was->visible != now.visible) static_cast<kit::Control*>(counter)->setVisible(now.visible);
+            if (!was || was->left != now.left || was->top != now.top) counter->placeTwips(now.left, now.top, 480, 480);
+            if (!was || was->visible != now.visible) counter->setVisible(now.visible);
         }
     }
     if (auto* flash = get<kit::Image>("Image3")) {
@@ -205,12 +206,12 @@ void Fen1Form::sync() {
             if (b.Image3.picture.empty()) flash->clearPicture();
             else flash->setPicture(b.Image3.picture);
         }
-        if (!was || was->left != b.Image3.left || was->top != b.Image3.top) flash->place(b.Image3.left, b.Image3.top, 480, 480);
-        if (!was || was->visible != b.Image3.visible) static_cast<kit::Control*>(flash)->setVisible(b.Image3.visible);
+        if (!was || was->left != b.Image3.left || was->top != b.Image3.top) flash->placeTwips(b.Image3.left, b.Image3.top, 480, 480);
+        if (!was || was->visible != b.Image3.visible) flash->setVisible(b.Image3.visible);
     }
     if (kit::Control* line = control("Label2")) {
         const MessageLine* was = s ? &s->Label2 : nullptr;
-        if (!was || was->top != b.Label2.top) line->setTop(b.Label2.top);
+        if (!was || was->top != b.Label2.top) line->setTopTwips(b.Label2.top);
         if (!was || was->fontSize != b.Label2.fontSize) line->setFontSize(b.Label2.fontSize);
         syncControl(line, b.Label2, was, false);
     }

@@ -7,7 +7,8 @@
 #include <memory>
 
 #include "engine/fen1.h"
-#include "screens/form.h"
+#include "engine/game_state.h"
+#include "screens/kit/form.h"
 
 namespace fendle {
 

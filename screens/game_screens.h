@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "screens/form.h"
+#include "screens/kit/form.h"
 #include "screens/language.h"
 #include "text/binding.h"
 

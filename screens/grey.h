@@ -3,7 +3,7 @@
 // behind the game's other windows.
 #pragma once
 
-#include "screens/form.h"
+#include "screens/kit/form.h"
 
 namespace fendle {
 

@@ -5,6 +5,7 @@
 #include "screens/fen1_form.h"
 #include "saved/highscores.h"
 #include "screens/game_screens.h"
+#include "screens/kit/native.h"
 #include "screens/module1.h"
 #include "text/file_io.h"
 
@@ -169,10 +170,10 @@ void checkhighscore(Module1& m) {
         screen->control("Label9", r)->setCaption(std::to_string(m.highpoints[i]));
     }
     auto* name = screen->get<kit::TextBox>("Text1");
-    name->setTop(screen->control("Label8", m.newhighrow - 1)->top() - Highscores::nameBoxRaise);
+    name->setTopTwips(screen->control("Label8", m.newhighrow - 1)->topTwips() - Highscores::nameBoxRaise);
     name->setVisible(true);
-    name->raise();
-    name->setFocus(Qt::OtherFocusReason);
+    name->widget()->raise();
+    name->widget()->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace fendle

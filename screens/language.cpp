@@ -10,10 +10,10 @@ void applyLayoutByLanguage(Form& form, binding::Screen screen) {
         kit::Control* c = form.control(change.control, change.index);
         if (!c) continue;
         switch (change.property) {
-        case binding::Property::Left: c->setLeft(change.value); break;
-        case binding::Property::Top: c->setTop(change.value); break;
-        case binding::Property::Width: c->setWidth(change.value); break;
-        case binding::Property::Height: c->setHeight(change.value); break;
+        case binding::Property::Left: c->setLeftTwips(change.value); break;
+        case binding::Property::Top: c->setTopTwips(change.value); break;
+        case binding::Property::Width: c->setWidthTwips(change.value); break;
+        case binding::Property::Height: c->setHeightTwips(change.value); break;
         case binding::Property::FontSize: c->setFontSize(change.value); break;
         case binding::Property::Visible: c->setVisible(change.value != 0); break;
         }

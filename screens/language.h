@@ -2,7 +2,7 @@
 // language brings (applied before textshow), and its words.
 #pragma once
 
-#include "screens/form.h"
+#include "screens/kit/form.h"
 #include "text/binding.h"
 
 namespace fendle {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "screens/game_screens.h"
+#include "screens/kit/native.h"
 #include "screens/module1.h"
 #include "screens/titlefrm.h"
 #include "text/file_io.h"
@@ -93,7 +94,7 @@ void Languages::Form_Load() {
     // before the names are read: its names are blank until they are.
     if (auto* chosen = get<kit::OptionButton>("Option1", s.languagenumber)) {
         chosen->setValue(true);
-        chosen->setFocus();
+        chosen->widget()->setFocus();
     }
     if (!readlanguagenames(readFileBytes(gamePath(languagesCsvFile)), languagetable_)) {
         // The screen opens as far as it came, at the page size; OK still works.
@@ -103,7 +104,7 @@ void Languages::Form_Load() {
     showNames();
     // One column, centred on the window by the options' design width.
     const double left = (clientSizeTwips().width() - optionWidth) / 2;
-    for (int i = 0; i < shownOptions; ++i) control("Option1", i)->setLeft(left);
+    for (int i = 0; i < shownOptions; ++i) control("Option1", i)->setLeftTwips(left);
 }
 
 void Languages::showNames() {
@@ -153,7 +154,7 @@ void Languages::moveChoice(int step) {
     // A hidden option chosen: the column starts again from its top.
     const int next = i < shownOptions ? (i + step + shownOptions) % shownOptions : 0;
     auto* o = get<kit::OptionButton>("Option1", next);
-    o->setFocus(Qt::OtherFocusReason);
+    o->widget()->setFocus(Qt::OtherFocusReason);
     o->setValue(true);
 }
 

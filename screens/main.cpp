@@ -7,7 +7,7 @@
 
 #include <cstdlib>
 
-#include "screens/formkit.h"
+#include "screens/kit/fonts.h"
 #include "screens/game_screens.h"
 #include "screens/module1.h"
 #include "screens/scale.h"

@@ -13,7 +13,7 @@
 
 #include "engine/game_state.h"
 #include "engine/ports.h"
-#include "screens/form.h"
+#include "screens/kit/registry.h"
 #include "text/messages.h"
 
 namespace fendle {

@@ -11,7 +11,7 @@
 #include <chrono>
 #include <ctime>
 
-#include "screens/formkit.h"
+#include "screens/kit/pictures.h"
 
 namespace fendle {
 

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <map>
 
+#include "screens/kit/painted.h"
 #include "screens/language.h"
 #include "screens/module1.h"
 #include "text/binding.h"
@@ -312,7 +313,7 @@ struct Box {
 };
 
 Box boxOf(const Row& r) { return {r.left, r.top, r.width, r.height}; }
-Box boxOf(const kit::Control& c) { return {c.left(), c.top(), c.width(), c.height()}; }
+Box boxOf(const kit::Control& c) { return {c.leftTwips(), c.topTwips(), c.widthTwips(), c.heightTwips()}; }
 
 // A heading stays on one line: it is as wide as its words, or as drawn.
 double widthFor(const kit::Control& t, const QString& words, const QFont& font, double drawn) {
@@ -388,7 +389,7 @@ void RulePage::placeForSet() {
     const SetLayout& s = setLayouts[std::size_t(set_)];
     auto setSpan = [this](const char* name, int index, Span span) {
         kit::Control* b = control(name, index);
-        b->place(span.left, b->top(), span.width, b->height());
+        b->placeTwips(span.left, b->topTwips(), span.width, b->heightTwips());
     };
     Span exit = s.exit, next = s.next, previous = s.previous;
     if (set_ == du && page_ == 3) next = duPage3Next, previous = duPage3Previous;
@@ -402,12 +403,12 @@ void RulePage::placeForSet() {
 
     if (page_ == 2) {
         kit::Control* dice = control("Label2");
-        dice->place(s.throwDice.left, s.throwDiceTop, s.throwDice.width, dice->height());
+        dice->placeTwips(s.throwDice.left, s.throwDiceTop, s.throwDice.width, dice->heightTwips());
         kit::Control* chart = control("Label14");
-        chart->place(s.cheatChart.left, s.cheatChartTop, s.cheatChart.width, chart->height());
+        chart->placeTwips(s.cheatChart.left, s.cheatChartTop, s.cheatChart.width, chart->heightTwips());
         for (int d = 0; d < 4; ++d) {
-            control("Label4", d)->setLeft(s.diceLefts[std::size_t(d % 2)]);
-            control("Label4", d)->setTop(s.diceTops[std::size_t(d / 2)]);
+            control("Label4", d)->setLeftTwips(s.diceLefts[std::size_t(d % 2)]);
+            control("Label4", d)->setTopTwips(s.diceTops[std::size_t(d / 2)]);
         }
     }
     if (page_ == 3) {
@@ -415,21 +416,21 @@ void RulePage::placeForSet() {
         constexpr std::array<double, 3> plainColumns = {840, 3480, 5820};
         for (int zone = 0; zone < 7; ++zone) {
             const double top = s.zoneTop + zoneRowGap * zone;
-            control("Label1", 16 + zone)->place(s.rangesLeft, top, control("Label1", 16 + zone)->width(), 270);
-            control("Label1", 9 + zone)->place(s.coloursLeft, top, control("Label1", 9 + zone)->width(), 270);
+            control("Label1", 16 + zone)->placeTwips(s.rangesLeft, top, control("Label1", 16 + zone)->widthTwips(), 270);
+            control("Label1", 9 + zone)->placeTwips(s.coloursLeft, top, control("Label1", 9 + zone)->widthTwips(), 270);
             const int reward = zoneReward[std::size_t(zone)];
-            control("Label1", reward)->place(s.rewardsLeft, top, control("Label1", reward)->width(), 270);
+            control("Label1", reward)->placeTwips(s.rewardsLeft, top, control("Label1", reward)->widthTwips(), 270);
         }
         // The headings keep their place over their columns.
         for (int k = 0; k < 3; ++k) {
             kit::Control* h = control("Label1", 6 + k);
             const double shift = columns[std::size_t(k)] - plainColumns[std::size_t(k)];
-            h->place(h->row().left + shift, s.zoneTop - zoneHeadingsAbove, h->width(), h->height());
+            h->placeTwips(h->row().left + shift, s.zoneTop - zoneHeadingsAbove, h->widthTwips(), h->heightTwips());
         }
     }
     if (page_ == 5 && set_ == we) {
         kit::Control* end = control("Image1");
-        end->setTop(end->top() - wePage5Lift);
+        end->setTopTwips(end->topTwips() - wePage5Lift);
         for (const char* name : {"Line1", "Line2", "Line3", "Line4", "Line5", "Line6", "Line7"}) {
             auto* line = get<kit::Line>(name);
             const Row& r = line->row();
@@ -458,7 +459,7 @@ void RulePage::flowText() {
             kit::Control* cell = control("Label1", i);
             const QFont font = kit::makeFont(Face::Arial, cell->fontSize(), cell->row().bold);
             const double need = (widestLine(cell->caption(), font, 100000) + 2) * kit::twipsPerPixel;
-            cell->setWidth(std::max(cell->row().width, need));
+            cell->setWidthTwips(std::max(cell->row().width, need));
         }
         // A heading that comes down beside the board stops short of it.
         const kit::Control* board = control("Image1");
@@ -466,9 +467,9 @@ void RulePage::flowText() {
             kit::Control* h = control("Label1", k);
             const QFont font = kit::makeFont(Face::Arial, h->fontSize(), true);
             const double words = (widestLine(h->caption(), font, 100000) + 2) * kit::twipsPerPixel;
-            if (h->top() + wrappedHeight(h->caption(), font, 100000) * kit::twipsPerPixel <= board->top()) continue;
-            h->setWidth(words);
-            if (h->left() + words > board->left() - margin / 2) h->setLeft(board->left() - margin / 2 - words);
+            if (h->topTwips() + wrappedHeight(h->caption(), font, 100000) * kit::twipsPerPixel <= board->topTwips()) continue;
+            h->setWidthTwips(words);
+            if (h->leftTwips() + words > board->leftTwips() - margin / 2) h->setLeftTwips(board->leftTwips() - margin / 2 - words);
         }
     }
     // Closer together first, smaller only when that is not enough.
@@ -496,7 +497,7 @@ bool RulePage::flowAt(int shrink, double gaps) {
     for (int i : flowing) texts.push_back(control("Label1", i));
     std::vector<kit::Control*> fixed;
     for (QWidget* w : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        auto* c = dynamic_cast<kit::Control*>(w);
+        auto* c = kit::Control::of(w);
         if (!c || !c->visible() || c->kind() == Kind::Line) continue;
         if (std::find(texts.begin(), texts.end(), c) != texts.end()) continue;
         fixed.push_back(c);
@@ -576,7 +577,7 @@ bool RulePage::flowAt(int shrink, double gaps) {
         else width = std::min(width, double(widestLine(t->caption(), font, kit::px(width)) + 1) * kit::twipsPerPixel);
         // A pixel of room above and below: accents and descenders may stand
         // out of the lines a little.
-        t->place(p.left, top - kit::twipsPerPixel, width, height + 2 * kit::twipsPerPixel);
+        t->placeTwips(p.left, top - kit::twipsPerPixel, width, height + 2 * kit::twipsPerPixel);
         t->setFontSize(double(font.pixelSize()) * 3 / 4);
         placed.push_back(boxOf(*t));
         bottoms.push_back(top + height);

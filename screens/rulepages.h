@@ -14,7 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "screens/form.h"
+#include "engine/game_state.h"
+#include "screens/kit/registry.h"
 
 namespace fendle {
 

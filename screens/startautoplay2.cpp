@@ -2,6 +2,8 @@
 
 #include "screens/fen1_form.h"
 #include "screens/game_screens.h"
+#include "screens/kit/native.h"
+#include "screens/kit/painted.h"
 #include "screens/module1.h"
 #include "screens/startplay2.h"
 #include "text/binding.h"

@@ -8,6 +8,8 @@
 #include "screens/game_screens.h"
 #include "screens/grey.h"
 #include "screens/highscores_form.h"
+#include "screens/kit/native.h"
+#include "screens/kit/painted.h"
 #include "screens/module1.h"
 #include "screens/startautoplay2.h"
 #include "text/binding.h"
@@ -119,8 +121,9 @@ Startplay2::Startplay2(Module1& module) : Form(module, formName) {
     onClick("Label6", [this](int) { Label6_Click(); });
     onClick("Label8", [this](int) { Label8_Click(); });
 
-    auto* text2 = get<kit::TextBox>("Text2");
-    text2->setKeyPress([text2](int key) {
+    kit::TextBox* box = get<kit::TextBox>("Text2");
+    QWidget* text2 = box->widget();
+    box->setKeyPress([text2](int key) {
         if (key == 13) {
             // Enter moves on to the next control that takes the focus.
             for (QWidget* w = text2->nextInFocusChain(); w && w != text2; w = w->nextInFocusChain()) {

@@ -6,7 +6,8 @@
 #include <span>
 #include <string_view>
 
-#include "screens/form.h"
+#include "engine/game_state.h"
+#include "screens/kit/form.h"
 
 namespace fendle {
 

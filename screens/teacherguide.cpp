@@ -1,6 +1,7 @@
 #include "screens/teacherguide.h"
 
 #include "screens/game_screens.h"
+#include "screens/kit/painted.h"
 #include "screens/module1.h"
 
 namespace fendle {

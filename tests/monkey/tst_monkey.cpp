@@ -141,7 +141,7 @@ void quietStacking(QtMsgType type, const QMessageLogContext& context, const QStr
 bool isBackdrop(const Form* f) { return f->windowFlags() & Qt::WindowStaysOnBottomHint; }
 
 std::string describe(const QWidget* w) {
-    if (const auto* c = dynamic_cast<const kit::Control*>(w))
+    if (const auto* c = kit::Control::of(w))
         return c->index() < 0 ? c->name() : c->name() + "(" + std::to_string(c->index()) + ")";
     return w ? w->metaObject()->className() : "nothing";
 }
@@ -301,14 +301,14 @@ private:
         // times its favour; now and then the click goes anywhere.
         std::map<std::string, std::vector<QWidget*>> byName;
         for (QWidget* w : aim->findChildren<QWidget*>())
-            if (auto* c = dynamic_cast<kit::Control*>(w); c && w->isVisible() && w->isEnabled() && !inside(aim, w).isEmpty())
+            if (auto* c = kit::Control::of(w); c && w->isVisible() && w->isEnabled() && !inside(aim, w).isEmpty())
                 byName[c->name()].push_back(w);
         std::vector<QWidget*> candidates;
         std::vector<double> weights;
         for (const auto& [name, elements] : byName)
             for (QWidget* w : elements) {
                 candidates.push_back(w);
-                weights.push_back(favour(aim->name(), *dynamic_cast<kit::Control*>(w)) / double(elements.size()));
+                weights.push_back(favour(aim->name(), *kit::Control::of(w)) / double(elements.size()));
             }
         QWidget* target = nullptr;
         QPoint local(below(std::max(1, aim->width())), below(std::max(1, aim->height())));
@@ -330,7 +330,7 @@ private:
                   std::to_string(local.y()) + " -> " + hit->name() + " " + describe(under));
         // A click that lands on another control than the one aimed at is as
         // seldom on a button that leaves as an aimed one.
-        if (auto* c = dynamic_cast<kit::Control*>(under); c && under != target && chance() > favour(hit->name(), *c)) {
+        if (auto* c = kit::Control::of(under); c && under != target && chance() > favour(hit->name(), *c)) {
             log_.note("  (not clicked)");
             return;
         }
@@ -358,7 +358,7 @@ private:
         // A key that presses the focused button is as seldom on one that
         // leaves as a click.
         const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-        if (auto* c = dynamic_cast<kit::Control*>(focus); presses && c && chance() > favour(w->name(), *c)) {
+        if (auto* c = kit::Control::of(focus); presses && c && chance() > favour(w->name(), *c)) {
             log_.note("  (no " + name + ")");
             return;
         }

@@ -13,7 +13,7 @@
 
 #include <vector>
 
-#include "screens/formkit.h"
+#include "screens/kit/painted.h"
 
 namespace fendle::testing {
 
@@ -58,7 +58,7 @@ inline QAccessible::Role expectedRole(kit::Kind kind) {
 inline std::vector<Heard> shownTexts(QWidget* window) {
     std::vector<Heard> out;
     for (QWidget* w : window->findChildren<QWidget*>()) {
-        const auto* c = dynamic_cast<const kit::Control*>(w);
+        const auto* c = kit::Control::of(w);
         if (!c || !w->isVisible() || c->caption().trimmed().isEmpty()) continue;
         out.push_back({expectedRole(c->kind()), c->caption()});
     }

@@ -14,13 +14,15 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QAbstractButton>
 #include <QStyleOptionButton>
 
 #include <functional>
 #include <optional>
 #include <vector>
 
-#include "screens/form.h"
+#include "screens/kit/form.h"
+#include "screens/kit/painted.h"
 
 namespace fendle::testing {
 
@@ -131,7 +133,7 @@ inline FitReport checkFit(Form& form, const OverPicture& allowed = {}) {
     std::vector<Item> items;
     int z = 0;
     for (QWidget* w : form.findChildren<QWidget*>()) {
-        auto* c = dynamic_cast<kit::Control*>(w);
+        auto* c = kit::Control::of(w);
         ++z;
         if (!c || !w->isVisibleTo(&form)) continue;
         const QRectF box(w->mapTo(&form, QPoint(0, 0)), QSizeF(w->size()));

@@ -3,9 +3,13 @@
 // with the messages the program would show collected instead.
 #pragma once
 
+#include <QCheckBox>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QWindow>
 #include <QtTest>
@@ -21,6 +25,8 @@
 #include "engine/seeded_random.h"
 #include "engine/virtual_timers.h"
 #include "screens/game_screens.h"
+#include "screens/kit/native.h"
+#include "screens/kit/painted.h"
 #include "screens/module1.h"
 #include "screens/qt_ports.h"
 #include "text/listinput.h"

@@ -64,7 +64,7 @@ class TestCheatchart : public QObject {
         Form* f = run->screen("Cheatchart");
         return f && QTest::qWaitForWindowExposed(f) ? f : nullptr;
     }
-    QScrollBar* bar(Form* f) { return f->get<kit::HScrollBar>("HScroll1"); }
+    QScrollBar* bar(Form* f) { return f->get<kit::HScrollBar>("HScroll1")->bar(); }
     int panelX(Form* f) { return f->control("Frame2")->widget()->x(); }
 
     // A board with clocks, as the set-up screens leave it.

@@ -84,7 +84,7 @@ private slots:
             QCOMPARE(optionCaptions(languages), csvNames(g, int(lang)));
             QCOMPARE(GameRun::caption(languages, "Label5"), text[3][lang]);
             QCOMPARE(GameRun::caption(languages, "Command1"), text[4][lang]);
-            for (int i = 0; i < 7; ++i) QCOMPARE(languages->control("Option1", i)->left(), (5460.0 - 2295.0) / 2);
+            for (int i = 0; i < 7; ++i) QCOMPARE(languages->control("Option1", i)->leftTwips(), (5460.0 - 2295.0) / 2);
         }
         QVERIFY(g.sound->played.empty());
 

@@ -20,7 +20,7 @@ namespace {
 // it, in every set but ge: the table of zones puts them there.
 bool rewardOnBoard(const kit::Control& text, const kit::Control& picture) {
     const bool reward = text.name() == "Label1" && ((text.index() >= 23 && text.index() <= 28) || text.index() == 30);
-    return reward && picture.name() == "Image1" && text.left() < picture.left();
+    return reward && picture.name() == "Image1" && text.leftTwips() < picture.leftTwips();
 }
 
 // The window heard as a window by `name`, and each text it shows heard with
@@ -158,7 +158,7 @@ private slots:
         Fen1Form* f = g.showBoard(2);
         f->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(f));
-        auto focusedButton = [] { return qobject_cast<kit::Button*>(QApplication::focusWidget()); };
+        auto focusedButton = [] { return dynamic_cast<kit::Button*>(kit::Control::of(QApplication::focusWidget())); };
         auto framed = [](kit::Control* button) {
             // A dotted frame three pixels in, in the text's colour, on the black face.
             const QImage img = render(button->widget());
@@ -181,7 +181,7 @@ private slots:
 
         QTest::keyClick(f->windowHandle(), Qt::Key_Tab);
         kit::Button* b = focusedButton();
-        QVERIFY(b && b->window() == f);
+        QVERIFY(b && b->widget()->window() == f);
         QVERIFY(framed(b));
     }
 };

@@ -55,20 +55,20 @@ Layout measure() {
         out.places[screen] = QStringLiteral("%1 %2").arg(f->width() * r).arg(f->height() * r);
         if (!f->picture().isNull()) out.pictures[screen] = f->picture().devicePixelRatio();
         for (QWidget* w : f->findChildren<QWidget*>()) {
-            const auto* c = dynamic_cast<const kit::Control*>(w);
+            const auto* c = kit::Control::of(w);
             if (!c) continue;
             const QString key = screen + ' ' + testing::controlName(c);
             const QPoint at = w->mapTo(f, QPoint(0, 0));
             int font = 0;
-            if (auto* label = dynamic_cast<const kit::Label*>(w)) font = label->drawnPixelSize();
-            if (auto* button = dynamic_cast<const kit::Button*>(w)) font = button->drawnPixelSize();
+            if (auto* label = dynamic_cast<const kit::Label*>(c)) font = label->drawnPixelSize();
+            if (auto* button = dynamic_cast<const kit::Button*>(c)) font = button->drawnPixelSize();
             out.places[key] = QStringLiteral("%1 %2 %3 %4 %5")
                                   .arg(at.x() * r).arg(at.y() * r)
                                   .arg(w->width() * r).arg(w->height() * r)
                                   .arg(font * r);
             const QPixmap* pm = nullptr;
-            if (auto* image = dynamic_cast<const kit::Image*>(w)) pm = &image->pixmap();
-            if (auto* box = dynamic_cast<const kit::PictureBox*>(w)) pm = &box->pixmap();
+            if (auto* image = dynamic_cast<const kit::Image*>(c)) pm = &image->pixmap();
+            if (auto* box = dynamic_cast<const kit::PictureBox*>(c)) pm = &box->pixmap();
             if (pm && !pm->isNull()) out.pictures[key] = pm->devicePixelRatio();
         }
     }

@@ -46,7 +46,7 @@ private slots:
         GameRun g;
         Form* setup = g.setUp();
         GameRun::tick(setup, "Check2");
-        auto* box = setup->get<kit::TextBox>("Text2");
+        QLineEdit* box = setup->get<kit::TextBox>("Text2")->edit();
         QVERIFY(box->isEnabled());
         box->clear();
         setup->activateWindow();

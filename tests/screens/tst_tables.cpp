@@ -152,7 +152,7 @@ void checkControls(Form* f, QSize size, std::optional<Rgb> back, std::span<const
             continue;
         }
         const QRect pixels(pix(t.left), pix(t.top), pix(t.width), pix(t.height));
-        if (QRectF(c->left(), c->top(), c->width(), c->height()) != QRectF(t.left, t.top, t.width, t.height) ||
+        if (QRectF(c->leftTwips(), c->topTwips(), c->widthTwips(), c->heightTwips()) != QRectF(t.left, t.top, t.width, t.height) ||
             c->widget()->geometry() != pixels)
             bad << at + " place";
         const QFont font = c->widget()->font();
@@ -163,7 +163,7 @@ void checkControls(Form* f, QSize size, std::optional<Rgb> back, std::span<const
         if (c->visible() != t.visible || c->enabled() != t.enabled) bad << at + " visible or enabled";
     }
     int controls = 0;
-    for (QWidget* w : f->findChildren<QWidget*>()) controls += dynamic_cast<kit::Control*>(w) != nullptr;
+    for (QWidget* w : f->findChildren<QWidget*>()) controls += kit::Control::of(w) != nullptr;
     if (controls != int(table.size()) + unlisted) bad << what(f, "controls:", controls);
 }
 
@@ -348,10 +348,10 @@ void checkLayout(Form* f, int lang, QStringList& bad) {
             if (c) {
                 const QRect g = c->widget()->geometry();
                 switch (cell.prop) {
-                case Prop::Left: got = c->left(), pixels = g.x(); break;
-                case Prop::Top: got = c->top(), pixels = g.y(); break;
-                case Prop::Width: got = c->width(), pixels = g.width(); break;
-                case Prop::Height: got = c->height(), pixels = g.height(); break;
+                case Prop::Left: got = c->leftTwips(), pixels = g.x(); break;
+                case Prop::Top: got = c->topTwips(), pixels = g.y(); break;
+                case Prop::Width: got = c->widthTwips(), pixels = g.width(); break;
+                case Prop::Height: got = c->heightTwips(), pixels = g.height(); break;
                 case Prop::Size: got = c->fontSize(), pixels = c->widget()->font().pixelSize(), wantPixels = fontPix(want); break;
                 case Prop::Visible: got = c->visible(), pixels = wantPixels = 0; break;
                 }
@@ -410,8 +410,8 @@ private slots:
                 const QRect box = number->widget()->geometry();
                 bool prime = n > 1;
                 for (int k = 2; k * k <= n; ++k) prime = prime && n % k != 0;
-                const bool placed = std::abs(number->top() - top) < 0.01 &&
-                                    (n < 100 ? std::abs(number->left() - left) < 0.01 &&
+                const bool placed = std::abs(number->topTwips() - top) < 0.01 &&
+                                    (n < 100 ? std::abs(number->leftTwips() - left) < 0.01 &&
                                                    box == QRect(pix(left), pix(top), 32, 32)
                                              : std::abs(box.center().x() - pix(480 + 27 * halfWidth)) <= 1 &&
                                                    box.y() == pix(top));

@@ -1,5 +1,6 @@
 // The form kit: labels and label-buttons paint, fit their words and click as
 // they should, the bold Tahoma is bold, and the choices report their changes.
+#include <QAbstractButton>
 #include <QFile>
 #include <QFontMetricsF>
 #include <QRawFont>
@@ -8,7 +9,10 @@
 #include <QTest>
 
 #include "screens/bold_face.h"
-#include "screens/formkit.h"
+#include "screens/kit/controls.h"
+#include "screens/kit/native.h"
+#include "screens/kit/painted.h"
+#include "screens/kit/units.h"
 
 using namespace fendle;
 using kit::Align;
@@ -72,7 +76,7 @@ private slots:
     void buttonTakesTheFocusFromTheKeyboardOnly() {
         Host host(sampleRows);
         QVERIFY(host.shown());
-        auto* exit = host.controls.get<kit::Button>("Label3", 0);
+        QAbstractButton* exit = host.controls.get<kit::Button>("Label3", 0)->button();
         QList<int> clicked;
         host.controls.onClick("Label3", [&](int i) { clicked << i; });
         QTest::mouseClick(exit, Qt::LeftButton);
@@ -158,14 +162,14 @@ private slots:
         auto* label = host.controls.get<kit::Label>("Label3", 2);
         label->setVisible(true);
         const QRgb yellowPixel = qRgb(255, 255, 0);
-        QVERIFY(countColour(render(*button), yellowPixel) > 50);
-        QVERIFY(countColour(render(*label), yellowPixel) > 50);
+        QVERIFY(countColour(render(*button->widget()), yellowPixel) > 50);
+        QVERIFY(countColour(render(*label->widget()), yellowPixel) > 50);
         button->setEnabled(false);
         label->setEnabled(false);
         QVERIFY(!button->enabled());
-        const QImage dimButton = render(*button);
+        const QImage dimButton = render(*button->widget());
         QCOMPARE(countColour(dimButton, yellowPixel), 0);
-        QCOMPARE(countColour(render(*label), yellowPixel), 0);
+        QCOMPARE(countColour(render(*label->widget()), yellowPixel), 0);
         // The text is still there, in grey, and the face keeps its black.
         QVERIFY(countColour(dimButton, qRgb(128, 128, 128)) > 50);
         QVERIFY(countColour(dimButton, qRgb(0, 0, 0)) > 1000);
@@ -256,9 +260,9 @@ private slots:
         auto o1 = [&](int i) { return host.controls.get<kit::OptionButton>("Option1", i); };
         auto* o2 = host.controls.get<kit::OptionButton>("Option2", 0);
         o2->setForeColor(colour::yellow);
-        QCOMPARE(o2->palette().color(QPalette::WindowText), kit::toQColor(colour::yellow));
-        QVERIFY(o2->palette().color(QPalette::Text) != kit::toQColor(colour::yellow));
-        QTest::mouseClick(o1(0), Qt::LeftButton, {}, QPoint(8, 10));
+        QCOMPARE(o2->widget()->palette().color(QPalette::WindowText), kit::toQColor(colour::yellow));
+        QVERIFY(o2->widget()->palette().color(QPalette::Text) != kit::toQColor(colour::yellow));
+        QTest::mouseClick(o1(0)->widget(), Qt::LeftButton, {}, QPoint(8, 10));
         QVERIFY(o1(0)->value() && !o1(1)->value() && o2->value());
     }
 };

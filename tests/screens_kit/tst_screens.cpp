@@ -8,7 +8,7 @@
 
 #include "engine/seeded_random.h"
 #include "engine/virtual_timers.h"
-#include "screens/form.h"
+#include "screens/kit/form.h"
 #include "screens/grey.h"
 #include "screens/module1.h"
 #include "screens/qt_ports.h"

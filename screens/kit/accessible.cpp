@@ -1,0 +1,69 @@
+#include "screens/kit/accessible.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include "screens/kit/control.h"
+#include "screens/kit/form.h"
+
+namespace fendle::kit {
+
+namespace {
+
+// A label, an image or a frame, named as the kit's description says.
+class ControlAccessible : public QAccessibleWidget {
+public:
+    ControlAccessible(QWidget* w, QAccessible::Role role) : QAccessibleWidget(w, role) {}
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name && role() != QAccessible::Graphic) {
+            if (!widget()->accessibleName().isEmpty()) return widget()->accessibleName();
+            if (const Control* c = Control::of(widget())) return c->caption();
+        }
+        return QAccessibleWidget::text(t);
+    }
+};
+
+// A screen, found as a window named by its window name.
+class FormAccessible : public QAccessibleWidget {
+public:
+    explicit FormAccessible(Form* f) : QAccessibleWidget(f, QAccessible::Window) {}
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name) {
+            const QString name = static_cast<const Form*>(widget())->windowName();
+            if (!name.isEmpty()) return name;
+        }
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface* kitAccessible(const QString& className, QObject* object) {
+    if (auto* f = qobject_cast<Form*>(object)) return new FormAccessible(f);
+    if (className != QLatin1String("fendle::kit::PaintedWidget")) return nullptr;
+    const Control* c = Control::of(object);
+    auto* w = qobject_cast<QWidget*>(object);
+    if (!c || !w) return nullptr;
+    switch (c->kind()) {
+    case Kind::Label: return new ControlAccessible(w, QAccessible::StaticText);
+    case Kind::Image: return new ControlAccessible(w, QAccessible::Graphic);
+    case Kind::Frame: return new ControlAccessible(w, QAccessible::Grouping);
+    default: return nullptr;
+    }
+}
+
+}  // namespace
+
+void installAccessibleControls() {
+    static const bool installed = [] {
+        QAccessible::installFactory(kitAccessible);
+        return true;
+    }();
+    (void)installed;
+}
+
+void announceName(QWidget* w) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleEvent e(w, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&e);
+}
+
+}  // namespace fendle::kit

@@ -1,0 +1,18 @@
+// What a screen reader finds of the kit's controls and forms. Buttons, check
+// boxes, options, text boxes and scroll bars are Qt's own widgets and are
+// found as Qt describes them; of the controls the kit paints, a label is
+// static text named by its caption, an image a graphic named by its
+// accessible name, a frame a group named by its caption. A form is a window
+// named by its window name.
+#pragma once
+
+class QWidget;
+
+namespace fendle::kit {
+
+// Puts the kit's descriptions in place; once is enough, more is harmless.
+void installAccessibleControls();
+// Tells a screen reader that a control's caption changed.
+void announceName(QWidget* w);
+
+}  // namespace fendle::kit

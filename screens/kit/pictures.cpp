@@ -1,0 +1,54 @@
+#include "screens/kit/pictures.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPixmapCache>
+
+#include "text/file_io.h"
+
+namespace fendle {
+
+QString hostPath(std::string_view name) { return QString::fromStdString(gamePath(name)); }
+
+namespace kit {
+
+namespace {
+
+QPixmap loadPictureFile(const QString& path, qreal ratio) {
+    const QFileInfo info(path);
+    if (!info.isFile()) return {};
+    const QString key = QStringLiteral("fendle:%1:%2:%3")
+                            .arg(info.absoluteFilePath())
+                            .arg(info.size())
+                            .arg(info.lastModified().toMSecsSinceEpoch());
+    QPixmap pm;
+    if (QPixmapCache::find(key, &pm)) return pm;
+    if (!pm.load(path)) return {};
+    pm.setDevicePixelRatio(ratio);
+    QPixmapCache::insert(key, pm);
+    return pm;
+}
+
+}  // namespace
+
+QString twinPath(const QString& path) {
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
+    if (dot <= slash + 1) return path + QStringLiteral("@2x");
+    return path.left(dot) + QStringLiteral("@2x") + path.mid(dot);
+}
+
+QPixmap loadPicture(std::string_view file) {
+    const QString path = hostPath(file);
+    // On a screen at a larger scale, the twin drawn at twice the resolution
+    // shows at the same size, sharp.
+    if (qGuiApp && qGuiApp->devicePixelRatio() > 1.0) {
+        const QPixmap sharp = loadPictureFile(twinPath(path), 2.0);
+        if (!sharp.isNull()) return sharp;
+    }
+    return loadPictureFile(path, 1.0);
+}
+
+}  // namespace kit
+}  // namespace fendle
