@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "engine/dice_roll.h"
 #include "engine/geometry.h"
 
 namespace fendle {
@@ -232,21 +233,8 @@ void Fen1::Label3_Click(i16 Index) {
     bool anyFree = false;
     for (int n = 1; n <= 100; ++n) anyFree = anyFree || !model.Image1[at(n)].visible;
     for (;;) {
-        for (int d = 0; d <= 3; ++d) {
-            const int k = static_cast<int>(random.rnd() * 100);
-            for (int i = 0; i < k; ++i) module.dice[at(d)] = static_cast<i16>(static_cast<int>(random.rnd() * 6) + 1);
-            if (module.dice[at(d)] == 0) module.dice[at(d)] = 1;
-        }
-        if (module.soundon == 1) {
-            ports_.timers.setInterval(Timer5, 1500);
-            ports_.timers.setInterval(Timer8, 1200);
-        } else {
-            ports_.timers.setInterval(Timer8, 100);
-            ports_.timers.setInterval(Timer5, 300);
-        }
-        module.dicerevealed = 0;
-        ports_.timers.start(Timer5);
-        ports_.timers.start(Timer8);
+        diceroll::draw(random, module.dice);
+        diceroll::start(ports_.timers, module.soundon == 1, module.dicerevealed);
 
         search.dice = module.dice;
         search.allowednumbers();
@@ -261,29 +249,15 @@ void Fen1::Label3_Click(i16 Index) {
 
 // ---------------------------------------------------------------- dice
 
-void Fen1::Timer8_Timer() {
-    ports_.timers.setInterval(Timer8, 5);
-    for (int d = module.dicerevealed; d <= 3; ++d) {
-        if (d < 0) continue;
-        model.Label4[at(d)].enabled = true;
-        model.Label4[at(d)].caption = std::to_string(static_cast<int>(ports_.random.rnd() * 6) + 1);
-    }
-    if (module.dicerevealed == 4) ports_.timers.stop(Timer8);
-}
+static_assert(Timer5 == diceroll::stopTimer && Timer8 == diceroll::spinTimer);
+
+void Fen1::Timer8_Timer() { diceroll::spin(ports_.timers, ports_.random, module.dicerevealed, model.Label4); }
 
 void Fen1::Timer5_Timer() {
-    ports_.timers.setInterval(Timer5, 250);
-    const int d = module.dicerevealed;
-    if (d >= 0 && d <= 3) {
-        model.Label4[at(d)].enabled = true;
-        model.Label4[at(d)].caption = std::to_string(module.dice[at(d)]);
-    }
-    module.dicerevealed = static_cast<i16>(module.dicerevealed + 1);
-    if (module.dicerevealed >= 4) {
-        if (turn % 2 == 0 && module.computerlevel != 0) ports_.timers.start(Timer6);
-        if (module.timeallowed != 0) ports_.timers.start(Timer7);
-        ports_.timers.stop(Timer5);
-    }
+    if (!diceroll::stop(ports_.timers, module.dicerevealed, module.dice, model.Label4)) return;
+    // The fourth die has stopped: the computer may play, the clock runs.
+    if (turn % 2 == 0 && module.computerlevel != 0) ports_.timers.start(Timer6);
+    if (module.timeallowed != 0) ports_.timers.start(Timer7);
 }
 
 // ---------------------------------------------------------------- the move
