@@ -1,272 +1,31 @@
 #include "screens/rulepages.h"
 
-#include <QFontMetricsF>
 #include <QKeyEvent>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
 #include <map>
 
+#include "engine/dice_roll.h"
 #include "screens/kit/painted.h"
+#include "screens/kit/text.h"
 #include "screens/language.h"
 #include "screens/module1.h"
+#include "screens/rulepages_layout.h"
 #include "text/binding.h"
+#include "text/flow.h"
 
 namespace fendle {
 
+using namespace rules;
+
 namespace {
 
-using kit::Align;
 using kit::Face;
-using kit::Kind;
 using kit::Row;
-namespace c = colour;
 
-constexpr Rgb pageBlue{0, 0, 255};
 constexpr const char* cheatChart = "Cheatchart";
 constexpr const char* throwWave = "wav\\cupdice.wav";
-
-// Label3: the page buttons.
-constexpr int nextButton = 1;   // the previous page on page 5
-constexpr int previousButton = 2;
-
-// Timers of page 2.
-constexpr int Timer5 = 5;   // stops the dice one by one
-constexpr int Timer8 = 8;   // spins the dice not yet stopped
-
-// ---------------------------------------------------------------- the plain pages
-
-// A rule text: yellow, Arial, on the page's blue.
-constexpr Row text(int index, double left, double top, double width, double height, bool bold, const char* caption,
-                   double size = 12) {
-    return Row{.name = "Label1", .index = index, .left = left, .top = top, .width = width, .height = height,
-               .caption = caption, .size = size, .bold = bold, .fore = c::yellow, .transparent = true};
-}
-
-constexpr Row pageButton(int index, double left, double width, const char* caption) {
-    return Row{.name = "Label3", .index = index, .kind = Kind::Button, .left = left, .top = index == 0 ? 60.0 : 8520.0,
-               .width = width, .height = 375, .caption = caption, .size = 12.75, .bold = true, .fore = c::yellow,
-               .back = c::black, .align = Align::Centre, .border = true};
-}
-
-constexpr Row picture(const char* name, double left, double top, double width, double height, const char* file) {
-    return Row{.name = name, .kind = Kind::Image, .left = left, .top = top, .width = width, .height = height,
-               .picture = file, .stretch = true};
-}
-
-constexpr const char* pageLines[rulePages] = {"Page 1 of 5", "Page 2 of 5", "Page 3 of 5", "Page 4 of 5",
-                                              "Page 5 of 5"};
-
-// What every page has: the page line, the heading and Exit.
-std::vector<Row> frameRows(int page) {
-    return {
-        text(70, 0, 0, 1065, 240, true, pageLines[page - 1], 9.75),
-        Row{.name = "Label1", .index = 0, .left = 0, .top = 120, .width = 12000, .height = 360,
-            .caption = "The Rules of Fendle!", .size = 15.75, .bold = true, .fore = c::yellow, .transparent = true,
-            .align = Align::Centre},
-        pageButton(0, 11160, 735, "Exit"),
-    };
-}
-
-const Row page1Rows[] = {
-    text(1, 120, 600, 2430, 285, true, "Summary of the rules"),
-    text(2, 120, 960, 11535, 645, false, "Players take turns to throw four dice and combine their scores to generate a whole number between 1 and 100. For example: (6 + 4) x (3 + 1) = 40."),
-    text(3, 120, 1560, 11415, 1005, false, "Having chosen a number, whose hexagon is not already covered by a counter, the player clicks the number on the Fendle! playing board with the mouse. The number is then covered by a counter. The player scores points depending on which number they have chosen. The highest numbers score the most points."),
-    text(4, 120, 2520, 11655, 765, false, "Players can also score bonus points by making a Fendle! move. This is when a player clicks a number that will create a triangle of three adjacent counters on the board."),
-    text(5, 120, 3180, 11655, 645, false, "Double bonus points are scored by making a Fendle! move on a prime number \u2013 this is a double Fendle! move."),
-    text(6, 120, 3600, 11175, 645, false, "The game ends when there is a continuous path of counters from hexagon 1 to hexagon 100. The winner is the player with the highest score at the end of the game."),
-    text(7, 120, 4440, 2355, 285, true, "Getting ready to play"),
-    text(8, 120, 4800, 11655, 645, false, "Before the game begins, the players can set the parameters of the game."),
-    text(9, 120, 5220, 8655, 1245, false, "Fendle! can be played against the clock. To play against the clock check the 'Timers On' checkbox. The default settings allow each player a total of 600 seconds to complete all their moves. By altering the value in the 'Set Total Time Allowed' box, this can be changed."),
-    text(10, 120, 6480, 8655, 1485, false, "Fendle! can be played by one to four players. To begin the game click the button corresponding to the number of players. Players then take their turn in the following order: Blue, Red, Green, Yellow. Before proceeding with the game each player should choose their colour. If a series of games are played, players should change colours before each game."),
-    text(11, 120, 7980, 8655, 1005, false, "If there is just one player, select button '1'. The player then has the option to play on their own, or to play against the computer. The computer always plays as the second player - Red. The player can choose the level of play for the computer."),
-    picture("Image1", 8940, 4560, 2835, 3525, ""),   // the start picture of the set
-};
-
-// A die of the demonstration: a blue square with a black digit, disabled
-// and empty until the first throw.
-constexpr Row die(int index, double left, double top) {
-    return Row{.name = "Label4", .index = index, .left = left, .top = top, .width = 495, .height = 495,
-               .size = 20.25, .bold = true, .fore = c::black, .back = pageBlue, .align = Align::Centre,
-               .enabled = false, .border = true};
-}
-
-const Row page2Rows[] = {
-    text(1, 120, 600, 2400, 285, true, "Generating a number"),
-    text(2, 120, 960, 11655, 885, false, "The player clicks the button labelled 'Throw Dice'. Four numbers are then randomly generated, corresponding to a dice throw. The player must generate a whole number between 1 and 100 using all four numbers once. The player may multiply, divide, add or subtract the numbers in any combination."),
-    text(3, 120, 2040, 11655, 525, false, "Click the button on the right to try out throwing the dice."),
-    text(4, 120, 4200, 10215, 645, false, "Note: A player may not create a number by placing two numerals beside each other.                     For example, having thrown 6, 4, 3, and 1, a player may not put 6 and 4 together to make 64 or 46."),
-    text(5, 120, 4800, 11655, 405, false, "Players may use a pencil and paper to help with their arithmetic, but should not use a calculator."),
-    text(6, 120, 5280, 11655, 645, true, "Some examples of numbers that can be generated from one throw:"),
-    text(7, 120, 6240, 11655, 645, true, "Cheat Chart"),
-    text(8, 120, 6600, 11295, 885, false, "Help with arithmetic can be obtained by clicking the button shown below which will open the Cheat Chart window. The Cheat Chart is a multiplication table. The number shown in each square is produced by multiplying the number at the start of its row by the number at the top of its column."),
-    text(17, 120, 5640, 11175, 645, false, "6 + 4 + 3 + 1 = 14;   6 x 4 x 3 x 1 = 72;   (6 x 4) x (3 + 1) = 96;   (6/3) x (4 \u2013 1) = 6."),
-    Row{.name = "Label2", .kind = Kind::Button, .left = 6600, .top = 2040, .width = 2055, .height = 495,
-        .caption = "Throw Dice", .font = Face::Tahoma, .size = 15.75, .bold = true, .fore = c::green, .back = c::black,
-        .align = Align::Centre, .border = true},
-    die(0, 7080, 2640),
-    die(1, 7680, 2640),
-    die(2, 7080, 3240),
-    die(3, 7680, 3240),
-    Row{.name = "Label14", .kind = Kind::Button, .left = 5280, .top = 7680, .width = 1575, .height = 375,
-        .caption = "Cheat Chart", .font = Face::Tahoma, .size = 11.25, .bold = true, .fore = c::green,
-        .back = c::black, .align = Align::Centre, .border = true},
-};
-
-constexpr Row zoneCell(int index, double left, double top, double width, const char* caption) {
-    return text(index, left, top, width, 270, false, caption);
-}
-
-const Row page3Rows[] = {
-    // Behind the table of zones, whose rewards stand on its left margin.
-    picture("Image1", 5760, 4440, 5985, 3720, "images\\board.jpg"),
-    text(1, 120, 720, 3945, 285, true, "Selecting the number on the board"),
-    text(2, 120, 1080, 11655, 645, false, "Having generated a number, whose hexagon is not already covered by a counter, the player clicks the corresponding number on the board. If the number has been calculated correctly it will be covered with a counter."),
-    text(3, 120, 1680, 11655, 645, false, "If the player has made a mistake and selected a number that cannot be generated from the dice throw, the player scores no points and the turn passes to the next player."),
-    text(4, 120, 2520, 1665, 285, true, "Gaining points"),
-    text(5, 120, 2880, 11655, 1245, false, "If the number has been calculated correctly, the player scores reward points based on the colour zone of the number that has been selected. The amount of points for each colour zone is shown on the coloured balls to the left of the playing board, and in the table below."),
-    // The table of zones: headings, colour names, ranges, rewards.
-    text(6, 240, 4080, 2655, 405, true, "Number generated"),
-    text(7, 3120, 4080, 1695, 405, true, "Colour Zone"),
-    text(8, 5280, 4080, 1455, 405, true, "Reward"),
-    zoneCell(9, 3480, 4440, 780, "Orange"),
-    zoneCell(10, 3480, 4680, 1035, "Turquoise"),
-    zoneCell(11, 3480, 4920, 660, "Yellow"),
-    zoneCell(12, 3480, 5160, 465, "Blue"),
-    zoneCell(13, 3480, 5400, 645, "Green"),
-    zoneCell(14, 3480, 5640, 675, "Purple"),
-    zoneCell(15, 3480, 5880, 435, "Red"),
-    zoneCell(16, 840, 4440, 780, "1  to 15"),
-    zoneCell(17, 840, 4680, 855, "16 to 28"),
-    zoneCell(18, 840, 4920, 855, "29 to 45"),
-    zoneCell(19, 840, 5160, 855, "46 to 64"),
-    zoneCell(20, 840, 5400, 855, "65 to 79"),
-    zoneCell(21, 840, 5640, 855, "80 to 90"),
-    zoneCell(22, 840, 5880, 990, "91 to 100"),
-    zoneCell(23, 5820, 5640, 405, "300"),
-    zoneCell(24, 5820, 5400, 405, "200"),
-    zoneCell(25, 5820, 5160, 405, "100"),
-    zoneCell(26, 5820, 4920, 270, "50"),
-    zoneCell(27, 5820, 4680, 270, "20"),
-    zoneCell(28, 5820, 4440, 270, "10"),
-    zoneCell(30, 5820, 5880, 405, "500"),
-};
-
-const Row page4Rows[] = {
-    text(1, 120, 600, 2175, 285, true, "The Fendle! bonus"),
-    text(2, 120, 960, 8535, 885, false, "As soon as any two counters have been placed next to each other on the board, there is an opportunity for a player to make a Fendle! move. This is done by clicking a number on the board that completes a triangle of counters."),
-    text(3, 120, 1920, 8535, 645, false, "The player that completes any triangle with a Fendle! move gains a bonus of 100. This is in addition to the amount rewarded for that colour zone."),
-    text(4, 120, 2640, 8535, 885, false, "For example, if Blue generates the number 33, completing a triangle of counters with 25 and 32, then Blue gains a yellow-zone reward of 50, plus a Fendle! bonus of 100, making a total of 150."),
-    text(5, 120, 3600, 8535, 885, false, "A player will only receive one Fendle! bonus in any turn, even if more than one triangle of counters is formed."),
-    text(6, 120, 4560, 3030, 285, true, "The double Fendle! bonus"),
-    text(7, 120, 4920, 8295, 645, false, "The prime numbers on the board are shown in black, their hexagons have grey borders. (A prime number is a number that has no factors other than itself and 1.)"),
-    text(8, 120, 5640, 8055, 1005, false, "If a player clicks a prime number to complete a triangle of counters, the player scores a double Fendle! bonus of 200. This is in addition to the amount rewarded for that colour zone."),
-    text(9, 120, 6600, 8055, 885, false, "For example, if Blue generates the prime number 17, completing a triangle of counters with 12 and 18, then Blue scores a turquoise-zone reward of 20, plus a double Fendle! bonus of 200, making a total of 220."),
-    text(10, 120, 7680, 8055, 765, false, "A player will only receive one double Fendle! bonus in any turn, even if more than one triangle of counters is formed."),
-    picture("Image1", 9240, 960, 2490, 2820, "images\\fendle.jpg"),
-    picture("Image2", 8460, 5040, 3255, 2850, "images\\doublefendle.jpg"),
-};
-
-// A white stretch of the sample path over the end picture.
-constexpr Row pathLine(const char* name, double x1, double y1, double x2, double y2) {
-    return Row{.name = name, .kind = Kind::Line, .fore = c::white, .lineWidth = 2, .x1 = x1, .y1 = y1, .x2 = x2, .y2 = y2};
-}
-
-const Row page5Rows[] = {
-    text(1, 120, 540, 1665, 285, true, "Further moves"),
-    text(2, 120, 870, 11655, 405, false, "Play continues with each player taking their turn in sequence."),
-    text(3, 120, 1200, 11175, 645, false, "The numbers on the Fendle! board can be covered in any order. Each number can, however, only be covered once during a game."),
-    text(4, 120, 1890, 2220, 285, true, "Playing with a timer"),
-    text(5, 120, 2220, 11775, 1245, false, "If the 'Timer On' option is selected before starting the game, each player will have a timer that counts down whenever it is their turn to play. By default the total time allowed is 600 seconds, but this can be changed before starting each game. If a player runs out of time, they will not have any further turns during the remainder of the game. If all the players run out of time, the game ends and the player with the highest score is the winner."),
-    text(6, 120, 3480, 960, 285, true, "The End"),
-    text(7, 120, 3810, 6855, 1485, false, "The game is over when there is a continuous path of counters connecting hexagon 1 to hexagon 100. The player who plays the final counter to complete this path gains a bonus score of 500. The player with the highest score at the end of the game is the winner."),
-    text(8, 120, 5100, 1335, 285, true, "Playing tips"),
-    text(9, 120, 5430, 6495, 885, false, "Throwing low numbers on the dice does not necessarily mean that your reward will be small. Look for Fendle! and double Fendle! opportunities to raise your reward."),
-    text(10, 120, 6270, 5775, 1245, false, "Creating a number in the centre of the board may, for example, yield a 100 reward (in the blue zone) but you may be able to Fendle! or double Fendle! on a smaller number to gain a higher reward."),
-    // The three lines at the foot: who devised the game, its rights, its mark.
-    text(11, 120, 7560, 11175, 405, false, "Fendle! was devised by the Fendle! Team."),
-    text(12, 120, 7860, 11175, 405, false, "All rights reserved. Fendle! was formerly known as Numbrel."),
-    text(13, 120, 8160, 11655, 645, false, "Fendle! is a trademark of the Fendle! Team. No patent is claimed for the game."),
-    picture("Image1", 5940, 3600, 5955, 3720, "images\\end.jpg"),
-    pathLine("Line1", 6150, 7050, 7170, 5280),
-    pathLine("Line2", 7170, 5280, 7995, 5280),
-    pathLine("Line3", 7995, 5280, 8610, 4200),
-    pathLine("Line4", 8610, 4200, 9810, 4200),
-    pathLine("Line7", 9810, 4200, 10050, 4560),
-    pathLine("Line6", 10050, 4560, 11250, 4560),
-    pathLine("Line5", 11250, 4560, 11670, 3840),
-};
-
-// ---------------------------------------------------------------- the sets
-
-struct Span {
-    double left, width;
-};
-
-// How a set differs from the plain one, beside its texts.
-struct SetLayout {
-    Span exit, next, previous;
-    Span cheatChart;
-    double cheatChartTop;
-    Span throwDice;
-    double throwDiceTop;
-    std::array<double, 2> diceLefts, diceTops;
-    double textPage1, textPage4, textPage5, foot;   // points of the plain rule text
-    double zoneTop, rangesLeft, coloursLeft, rewardsLeft;
-    Span page5Previous;                           // Label3(1) on page 5
-    const char* startPicture;
-};
-
-constexpr std::array<SetLayout, ruleSets> setLayouts = {{
-    // plain
-    {{11160, 735}, {10080, 1815}, {7680, 2295}, {5280, 1575}, 7680, {6600, 2055}, 2040, {7080, 7680}, {2640, 3240},
-     12, 12, 12, 12, 4440, 840, 3480, 5820, {7680, 2295}, "images\\start.jpg"},
-    // fr
-    {{10680, 1215}, {9360, 2535}, {6720, 2535}, {5040, 2175}, 7920, {7680, 2535}, 2160, {8400, 9000}, {2760, 3360},
-     12, 12, 12, 9, 4440, 840, 3480, 5820, {6720, 2535}, "images\\startfr.jpg"},
-    // ge
-    {{10080, 1815}, {9240, 2655}, {6480, 2655}, {4440, 2895}, 7920, {7800, 2295}, 2160, {8400, 9000}, {2760, 3360},
-     11.25, 11.25, 11.25, 9, 5160, 720, 2760, 4980, {9240, 2655}, "images\\startge.jpg"},
-    // sp
-    {{10080, 1815}, {9240, 2655}, {6480, 2655}, {4440, 2895}, 7920, {7440, 3015}, 2160, {8400, 9000}, {2760, 3360},
-     11.25, 11.25, 11.25, 9, 5040, 840, 3120, 5580, {9240, 2655}, "images\\startsp.jpg"},
-    // it
-    {{10080, 1815}, {9240, 2655}, {6480, 2655}, {4560, 2655}, 7920, {7800, 2295}, 2160, {8400, 9000}, {2760, 3360},
-     11.25, 12, 11.25, 9, 4920, 720, 3120, 5580, {9240, 2655}, "images\\startit.jpg"},
-    // du
-    {{10680, 1215}, {9360, 2535}, {6720, 2535}, {5040, 2175}, 7920, {7680, 2535}, 2040, {8400, 9000}, {2640, 3240},
-     12, 12, 12, 9, 5040, 720, 3120, 5460, {6720, 2535}, "images\\startdu.jpg"},
-    // we
-    {{10080, 1815}, {9000, 2895}, {6000, 2895}, {4680, 2415}, 7920, {7440, 3015}, 2160, {8400, 9000}, {2760, 3360},
-     11.25, 11.25, 11.25, 9, 4800, 960, 3240, 5460, {9000, 2895}, "images\\startwe.jpg"},
-}};
-
-constexpr int du = 5, it = 4, we = 6;
-// Page 3 of the du set has the wider page buttons of ge.
-constexpr Span duPage3Next{9240, 2655}, duPage3Previous{6480, 2655};
-// Page 4 of the it set has a narrower Exit.
-constexpr Span itPage4Exit{10920, 975};
-// On page 5 of the we set the picture and its path stand this much higher.
-constexpr double wePage5Lift = 120;
-
-// Page 3's table of zones, by zone (1 to 15 first): the Label1 index of its
-// colour name, its range and its reward.
-constexpr std::array<int, 7> zoneReward = {28, 27, 26, 25, 24, 23, 30};
-constexpr double zoneRowGap = 240;
-constexpr double zoneHeadingsAbove = 360;
-
-// Rule texts that follow each other down the page, by Label1 index; the
-// rest of a page stands where its set puts it.
-std::vector<int> flowingTexts(int page) {
-    switch (page) {
-    case 1: return {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
-    case 2: return {1, 2, 3, 4, 5, 6, 17, 7, 8};
-    case 3: return {1, 2, 3, 4, 5};
-    case 4: return {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
-    default: return {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13};
-    }
-}
 
 binding::Screen screenOf(int page) {
     static constexpr binding::Screen screens[] = {binding::Screen::Fendlerules, binding::Screen::Fendlerules2,
@@ -275,93 +34,34 @@ binding::Screen screenOf(int page) {
     return screens[page - 1];
 }
 
-// A caption as a label lays it out: its line ends as line separators.
-QString shown(QString text) {
-    return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\n'), QChar::LineSeparator);
+// The height of a text's lines and the width of its widest line, whole
+// pixels, in twips, as a label sets them in a box `width` twips wide.
+flow::Size measure(const QString& text, const QFont& font, double width) {
+    const kit::TextBlock block = kit::measureText(text, font, kit::px(width));
+    if (block.lines.empty()) return {};
+    return {kit::twips(std::ceil(block.height() - 0.01)), kit::twips(std::ceil(block.widest()))};
 }
 
-// Pixel height of a text wrapped at words in a box `width` pixels wide, as
-// a label paints it.
-int wrappedHeight(const QString& text, const QFont& font, int width) {
-    if (text.isEmpty()) return 0;
-    const QRectF used = QFontMetricsF(font).boundingRect(QRectF(0, 0, width, 1e6), Qt::TextWordWrap, text);
-    return int(std::ceil(used.height() - 0.01));
-}
-
-// Width in pixels of the widest line of a text, wrapped in `width` pixels.
-int widestLine(const QString& text, const QFont& font, int width) {
-    QTextLayout layout(shown(text), font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WordWrap);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    qreal widest = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        widest = std::max(widest, line.naturalTextWidth());
-    }
-    layout.endLayout();
-    return int(std::ceil(widest));
-}
-
-struct Box {
-    double left, top, width, height;
-    double right() const { return left + width; }
-    double bottom() const { return top + height; }
-    bool across(const Box& o) const { return left < o.right() && o.left < right(); }
-    bool along(const Box& o) const { return top < o.bottom() && o.top < bottom(); }
-};
-
-Box boxOf(const Row& r) { return {r.left, r.top, r.width, r.height}; }
-Box boxOf(const kit::Control& c) { return {c.leftTwips(), c.topTwips(), c.widthTwips(), c.heightTwips()}; }
-
-// A heading stays on one line: it is as wide as its words, or as drawn.
-double widthFor(const kit::Control& t, const QString& words, const QFont& font, double drawn) {
-    if (!t.row().bold) return drawn;
-    return std::max(drawn, double(widestLine(words, font, 100000) + 1) * kit::twipsPerPixel);
-}
-
-// Least room between two texts: their boxes may touch, not overlap.
-constexpr double minimumGap = 2 * kit::twipsPerPixel;
-// Room kept between a text and what stands beside or below it.
-constexpr double margin = 120;
-// The plain text of a page may lose at most this many pixels to fit.
-constexpr int mostShrink = 6;
+flow::Box boxOf(const Row& r) { return {r.left, r.top, r.width, r.height}; }
+flow::Box boxOf(const kit::Control& c) { return {c.leftTwips(), c.topTwips(), c.widthTwips(), c.heightTwips()}; }
 
 }  // namespace
 
 // ---------------------------------------------------------------- RulePage
 
-std::vector<kit::Row> RulePage::plainRows(int page) {
-    std::vector<Row> rows = frameRows(page);
-    std::span<const Row> own;
-    switch (page) {
-    case 1: own = page1Rows; break;
-    case 2: own = page2Rows; break;
-    case 3: own = page3Rows; break;
-    case 4: own = page4Rows; break;
-    default: own = page5Rows; break;
-    }
-    rows.insert(rows.end(), own.begin(), own.end());
-    if (page < rulePages) rows.push_back(pageButton(nextButton, 10080, 1815, ">> Next Page"));
-    else rows.push_back(pageButton(nextButton, 7680, 2295, "<< Previous Page"));
-    if (page > 1 && page < rulePages) rows.push_back(pageButton(previousButton, 7680, 2295, "<< Previous Page"));
-    return rows;
-}
-
 RulePage::RulePage(Module1& module, int page, int set)
     : Form(module, binding::ruleFormName(page, set)), page_(page), set_(set) {
     setBackColor(pageBlue);
-    const std::vector<Row> rows = plainRows(page);
-    build(rows);
+    build(plainRows(page));
     onClick("Label3", [this](int i) { Label3_Click(i); });
     if (page_ == 2) {
         onClick("Label2", [this](int) { Label2_Click(); });
         onClick("Label14", [this](int) { Label14_Click(); });
         timers().bind([this](int timer) {
-            if (timer == Timer5) Timer5_Timer();
-            else if (timer == Timer8) Timer8_Timer();
+            if (timer == diceroll::stopTimer) Timer5_Timer();
+            else if (timer == diceroll::spinTimer) Timer8_Timer();
         });
+        for (std::size_t d = 0; d < faces_.size(); ++d) faces_[d].enabled = control("Label4", int(d))->enabled();
     }
 
     // Keyboard: the demonstration first, then Next, Previous and Exit.
@@ -451,148 +151,66 @@ double RulePage::textPoints(int index) const {
     }
 }
 
-void RulePage::flowText() {
-    if (page_ == 3) {
-        // The table of zones: each cell as wide as its words, never narrower
-        // than drawn.
-        for (int i = 6; i <= 22; ++i) {
-            kit::Control* cell = control("Label1", i);
-            const QFont font = kit::makeFont(Face::Arial, cell->fontSize(), cell->row().bold);
-            const double need = (widestLine(cell->caption(), font, 100000) + 2) * kit::twipsPerPixel;
-            cell->setWidthTwips(std::max(cell->row().width, need));
-        }
-        // A heading that comes down beside the board stops short of it.
-        const kit::Control* board = control("Image1");
-        for (int k = 6; k <= 8; ++k) {
-            kit::Control* h = control("Label1", k);
-            const QFont font = kit::makeFont(Face::Arial, h->fontSize(), true);
-            const double words = (widestLine(h->caption(), font, 100000) + 2) * kit::twipsPerPixel;
-            if (h->topTwips() + wrappedHeight(h->caption(), font, 100000) * kit::twipsPerPixel <= board->topTwips()) continue;
-            h->setWidthTwips(words);
-            if (h->leftTwips() + words > board->leftTwips() - margin / 2) h->setLeftTwips(board->leftTwips() - margin / 2 - words);
-        }
+void RulePage::fitZoneTable() {
+    // Each cell as wide as its words, never narrower than drawn.
+    for (int i = 6; i <= 22; ++i) {
+        kit::Control* cell = control("Label1", i);
+        const QFont font = kit::makeFont(Face::Arial, cell->fontSize(), cell->row().bold);
+        const double need = measure(cell->caption(), font, flow::unbounded).widest + 2 * flow::pixel;
+        cell->setWidthTwips(std::max(cell->row().width, need));
     }
-    // Closer together first, smaller only when that is not enough.
-    for (int shrink = 0; shrink <= mostShrink; ++shrink) {
-        shrink_ = shrink;
-        for (double gaps : {1.0, 0.5, 0.0})
-            if (flowAt(shrink, gaps)) return;
+    // A heading that comes down beside the board stops short of it.
+    const kit::Control* board = control("Image1");
+    for (int k = 6; k <= 8; ++k) {
+        kit::Control* h = control("Label1", k);
+        const QFont font = kit::makeFont(Face::Arial, h->fontSize(), true);
+        const flow::Size words = measure(h->caption(), font, flow::unbounded);
+        const double width = words.widest + 2 * flow::pixel;
+        if (h->topTwips() + words.height <= board->topTwips()) continue;
+        h->setWidthTwips(width);
+        const double room = board->leftTwips() - flow::margin / 2;
+        if (h->leftTwips() + width > room) h->setLeftTwips(room - width);
     }
 }
 
-// Lays the flowing texts down the page with their plain text `shrink`
-// pixels smaller: each keeps the gap the plain page has above it (`gaps` of
-// it between two texts), to the texts and to the fixed controls over it, and is narrowed where it would
-// run into something standing beside it. True when every text then stands
-// clear of the others, of the fixed controls and of the page's edge.
-bool RulePage::flowAt(int shrink, double gaps) {
+void RulePage::flowText() {
+    if (page_ == 3) fitZoneTable();
     const std::vector<Row> rows = plainRows(page_);
-    std::map<std::pair<std::string, int>, const Row*> plain;
-    for (const Row& r : rows) plain[{r.name, r.index}] = &r;
-    auto plainOf = [&](const kit::Control* c) { return boxOf(*plain.at({c->name(), c->index()})); };
-    auto englishOf = [&](const kit::Control* c) { return QString::fromUtf8(plain.at({c->name(), c->index()})->caption); };
+    std::map<std::pair<std::string, int>, const Row*> drawn;
+    for (const Row& r : rows) drawn[{r.name, r.index}] = &r;
+    auto drawnRow = [&](const kit::Control* c) -> const Row& { return *drawn.at({c->name(), c->index()}); };
 
-    const std::vector<int> flowing = flowingTexts(page_);
+    flow::Page page{pageWidthTwips, pageHeightTwips, {}, {}};
     std::vector<kit::Control*> texts;
-    for (int i : flowing) texts.push_back(control("Label1", i));
-    std::vector<kit::Control*> fixed;
+    for (int i : flowingTexts(page_)) {
+        kit::Control* t = control("Label1", i);
+        texts.push_back(t);
+        page.texts.push_back({boxOf(drawnRow(t)), t->row().bold});
+    }
     for (QWidget* w : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        auto* c = kit::Control::of(w);
-        if (!c || !c->visible() || c->kind() == Kind::Line) continue;
+        const kit::Control* c = kit::Control::of(w);
+        if (!c || !c->visible() || c->kind() == kit::Kind::Line) continue;
         if (std::find(texts.begin(), texts.end(), c) != texts.end()) continue;
-        fixed.push_back(c);
+        page.fixed.push_back({boxOf(drawnRow(c)), boxOf(*c)});
     }
 
-    // The English of the design at its size; a set's text at the set's size,
-    // the plain text less `shrink` pixels.
-    auto fontOf = [&](const kit::Control* t, bool design) {
-        const bool plainText = !t->row().bold && !design;
-        const int px = kit::fontPixels(design ? t->row().size : textPoints(t->index())) - (plainText ? shrink : 0);
-        QFont f = kit::makeFont(Face::Arial, 12, t->row().bold);
-        f.setPixelSize(px);
-        return f;
+    // The English of the design at its size; the page's words at the set's
+    // size, the plain text `shrink` pixels smaller.
+    auto pixels = [&](const kit::Control* t, int shrink) {
+        return kit::fontPixels(textPoints(t->index())) - (t->row().bold ? 0 : shrink);
     };
-
-    std::vector<Box> placed;     // the boxes given
-    std::vector<double> bottoms;  // where their words end
+    const flow::Result r = flow::flow(page, [&](std::size_t k, bool english, int shrink, double width) {
+        const kit::Control* t = texts[k];
+        QFont font = kit::makeFont(Face::Arial, 12, t->row().bold);
+        font.setPixelSize(english ? kit::fontPixels(t->row().size) : pixels(t, shrink));
+        return measure(english ? QString::fromUtf8(drawnRow(t).caption) : t->caption(), font, width);
+    });
+    shrink_ = r.shrink;
     for (std::size_t k = 0; k < texts.size(); ++k) {
-        kit::Control* t = texts[k];
-        const Box p = plainOf(t);
-        double top = p.top;
-        bool bound = false;
-        auto atLeast = [&](double v) {
-            top = bound ? std::max(top, v) : v;
-            bound = true;
-        };
-        // The text right above, or those side by side right above.
-        double nearest = -1;
-        for (std::size_t j = 0; j < k; ++j) {
-            const Box q = plainOf(texts[j]);
-            if (q.across(p) && q.top < p.top) nearest = std::max(nearest, q.top);
-        }
-        for (std::size_t j = 0; j < k; ++j) {
-            const Box q = plainOf(texts[j]);
-            if (!q.across(p) || q.top != nearest) continue;
-            const QFont font = fontOf(texts[j], true);
-            const QString words = englishOf(texts[j]);
-            const double english =
-                wrappedHeight(words, font, kit::px(widthFor(*texts[j], words, font, q.width))) * double(kit::twipsPerPixel);
-            atLeast(bottoms[j] + std::max(minimumGap, (p.top - (q.top + english)) * gaps));
-        }
-        // A fixed control right above the text, with no other text between.
-        for (const kit::Control* f : fixed) {
-            const Box q = plainOf(f);
-            if (!q.across(p) || q.bottom() > p.top) continue;
-            bool between = false;
-            for (std::size_t j = 0; j < k; ++j) {
-                const Box o = plainOf(texts[j]);
-                between = between || (o.across(p) && o.top >= q.bottom() && o.top < p.top);
-            }
-            if (!between) atLeast(boxOf(*f).bottom() + (p.top - q.bottom()));
-        }
-
-        // Narrower where something stands beside the text.
-        const QFont font = fontOf(t, false);
-        double width = std::min(widthFor(*t, t->caption(), font, p.width), pageWidthTwips - margin - p.left);
-        double height = 0;
-        for (bool narrowed = true; narrowed;) {
-            narrowed = false;
-            height = wrappedHeight(t->caption(), font, kit::px(width)) * double(kit::twipsPerPixel);
-            const Box now{p.left, top, width, height};
-            for (const kit::Control* f : fixed) {
-                // Only what stands beside the text on the plain page; what
-                // stands below it is a floor the text must stay above.
-                const Box q = plainOf(f), r = boxOf(*f);
-                const bool beside = q.top + margin < p.bottom() && q.bottom() > p.top;
-                if (!beside || r.left <= p.left + margin) continue;
-                if (now.along(r) && r.left - margin < now.right()) {
-                    width = r.left - margin - p.left;
-                    narrowed = true;
-                }
-            }
-        }
-        if (height == 0) height = p.height;   // an empty text keeps its box
-        // No wider than its longest line: the same lines, and a box that
-        // says where the words are.
-        else width = std::min(width, double(widestLine(t->caption(), font, kit::px(width)) + 1) * kit::twipsPerPixel);
-        // A pixel of room above and below: accents and descenders may stand
-        // out of the lines a little.
-        t->placeTwips(p.left, top - kit::twipsPerPixel, width, height + 2 * kit::twipsPerPixel);
-        t->setFontSize(double(font.pixelSize()) * 3 / 4);
-        placed.push_back(boxOf(*t));
-        bottoms.push_back(top + height);
+        const flow::Box& b = r.boxes[k];
+        texts[k]->placeTwips(b.left, b.top, b.width, b.height);
+        texts[k]->setFontSize(double(pixels(texts[k], r.shrink)) * 3 / 4);
     }
-
-    // Clear of the fixed controls, of each other and of the page's foot.
-    for (std::size_t k = 0; k < placed.size(); ++k) {
-        const Box& b = placed[k];
-        if (b.bottom() > pageHeightTwips || b.right() > pageWidthTwips) return false;
-        for (const kit::Control* f : fixed)
-            if (b.across(boxOf(*f)) && b.along(boxOf(*f))) return false;
-        for (std::size_t j = 0; j < k; ++j)
-            if (b.across(placed[j]) && b.along(placed[j])) return false;
-    }
-    return true;
 }
 
 // ---------------------------------------------------------------- handlers
@@ -616,48 +234,31 @@ void RulePage::Label14_Click() {
 
 void RulePage::Label2_Click() {
     Module1& m = module();
-    for (int i = 0; i < 4; ++i) control("Label4", i)->setCaption("");
+    for (ControlState& face : faces_) face.caption.clear();
+    showDice();
     Random& random = m.random();
     random.randomize();
-    for (std::size_t i = 0; i < 4; ++i) {
-        const int n = int(random.rnd() * 100);
-        for (int k = 0; k < n; ++k) dice[i] = i16(int(random.rnd() * 6) + 1);
-        if (dice[i] == 0) dice[i] = 1;
-    }
-    TimerBank& t = timers();
-    if (m.state.soundon == 1) {
-        t.setInterval(Timer5, 1500);
-        t.setInterval(Timer8, 1200);
-    } else {
-        t.setInterval(Timer8, 100);
-        t.setInterval(Timer5, 300);
-    }
-    dicerevealed = 0;
-    t.start(Timer5);
-    t.start(Timer8);
+    diceroll::draw(random, dice);
+    diceroll::start(timers(), m.state.soundon == 1, dicerevealed);
     if (m.state.soundon == 1) m.playwave(throwWave);
 }
 
-void RulePage::Timer8_Timer() {
-    timers().setInterval(Timer8, 5);
-    Random& random = module().random();
-    for (int k = dicerevealed + 1; k <= 4; ++k) {
-        kit::Control* d = control("Label4", k - 1);
-        d->setEnabled(true);
-        d->setCaption(std::to_string(int(random.rnd() * 6) + 1));
+void RulePage::showDice() {
+    for (std::size_t d = 0; d < faces_.size(); ++d) {
+        kit::Control* die = control("Label4", int(d));
+        die->setEnabled(faces_[d].enabled);
+        die->setCaption(faces_[d].caption);
     }
-    if (dicerevealed >= 4) timers().stop(Timer8);
+}
+
+void RulePage::Timer8_Timer() {
+    diceroll::spin(timers(), module().random(), dicerevealed, faces_);
+    showDice();
 }
 
 void RulePage::Timer5_Timer() {
-    timers().setInterval(Timer5, 250);
-    if (dicerevealed >= 0 && dicerevealed <= 3) {
-        kit::Control* d = control("Label4", dicerevealed);
-        d->setEnabled(true);
-        d->setCaption(std::to_string(dice[std::size_t(dicerevealed)]));
-    }
-    dicerevealed = i16(dicerevealed + 1);
-    if (dicerevealed >= 4) timers().stop(Timer5);
+    diceroll::stop(timers(), dicerevealed, dice, faces_);
+    showDice();
 }
 
 void RulePage::keyPressEvent(QKeyEvent* e) {

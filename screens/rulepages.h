@@ -3,25 +3,19 @@
 // Fendlerules4, with the set's suffix: "Fendlerules2bfr"). Every set has the
 // same controls and the same handlers; a set differs only in where a few of
 // them stand, in a few font sizes, in the zone pieces of page 3 and in the
-// start picture of page 1. The rule texts then flow down the page, each
-// label as tall as its translation needs.
+// start picture of page 1 (screens/rulepages_layout.h). The rule texts then
+// flow down the page, each label as tall as its translation needs.
 //
 // Page 2 holds a live demonstration: Throw Dice rolls four dice as the board
 // does, with nothing scored.
 #pragma once
 
 #include <array>
-#include <string>
-#include <vector>
 
 #include "engine/game_state.h"
 #include "screens/kit/registry.h"
 
 namespace fendle {
-
-// Sets 0 to 6: plain, fr, ge, sp, it, du, we (the numbers of the languages).
-inline constexpr int ruleSets = 7;
-inline constexpr int rulePages = 5;
 
 class RulePage final : public Form {
     Q_OBJECT
@@ -36,7 +30,6 @@ public:
 
     // Label3: 0 Exit; 1 the next page (the previous one on page 5); 2 the
     // previous page, on pages 2 to 4.
-    static constexpr int exitButton = 0;
     void Label3_Click(int Index);
     // Page 2: Throw Dice, and the Cheat Chart.
     void Label2_Click();
@@ -52,9 +45,6 @@ public:
     // every text fits; 0 when it fits at its size.
     int textShrink() const { return shrink_; }
 
-    // The rows of a page as the plain set has them, before any set's changes.
-    static std::vector<kit::Row> plainRows(int page);
-
 protected:
     void keyPressEvent(QKeyEvent* e) override;
 
@@ -62,13 +52,15 @@ private:
     void placeForSet();
     // Points of a flowing text of this page in this set, before any shrink.
     double textPoints(int index) const;
+    void fitZoneTable();
     void flowText();
-    bool flowAt(int shrink, double gaps);
+    void showDice();
     void open(int page);
 
     int page_;
     int set_;
     int shrink_ = 0;
+    std::array<ControlState, 4> faces_{};   // the demonstration's dice as they show
 };
 
 // Defines the 35 rule pages in the registry by their form names.
