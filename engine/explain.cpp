@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
@@ -24,67 +23,42 @@ struct Node {
     double value;          // num / den rounded once: equal fractions have equal values
     double game;           // the value in doubles, step by step, as the game's search computes it
     std::int32_t num, den; // not in lowest terms; den > 0
-    std::uint16_t counts;  // brackets, steps not whole, divisions, steps below zero: 3 bits each
-    std::uint16_t dice;    // 6 − die, 3 bits each, the first die highest
-    std::uint8_t ops;      // Op, 2 bits each, the first highest
+    std::uint32_t rank;    // see rank()
     std::uint8_t leaves;
     Kind kind;
     Op op;
     std::int16_t left, right;
 };
 
-constexpr unsigned bracketShift = 9, notWholeShift = 6, divisionShift = 3;
-
 bool bracketsLeft(Op op, const Node& l) { return op >= mul && l.kind == sum; }
 bool bracketsRight(Op op, const Node& r) { return (op != add && r.kind == sum) || (op == dvd && r.kind == product); }
 
-// Whether the text of l op r reads back as this tree.
-inline bool reads(Op op, const Node& r) { return !((op == add && r.kind == sum) || (op == mul && r.kind == product)); }
+// Rules 2 to 7 for l op r with the given value, in one number that is
+// smaller for the better expression, among expressions over as many dice:
+// from the top, 3 bits each for brackets, steps not whole, divisions and
+// steps below zero; 3 bits for each die as 6 − die, the first highest; 2 bits
+// for each sign, the first highest. A fraction with a denominator this small
+// is whole exactly when its double is.
+constexpr unsigned countsShift = 18, bracket = 1u << 27, notWhole = 1u << 24, division = 1u << 21, belowZero = 1u << 18;
+constexpr std::uint32_t countsMask = ~0u << countsShift;
 
-// The fraction and the game's double of l op r into e; false for ÷ 0. With
-// dice up to 6 the fractions stay small unreduced.
-inline bool fraction(Node& e, Op op, const Node& l, const Node& r) {
-    e.den = l.den * r.den;
+inline std::uint32_t rank(double value, Op op, const Node& l, const Node& r) {
+    const std::uint32_t dice = (l.rank >> 6 & 0xFFF) << (3 * r.leaves) | (r.rank >> 6 & 0xFFF);
+    const std::uint32_t ops = ((l.rank & 0x3F) << 2 | op) << (2 * (r.leaves - 1)) | (r.rank & 0x3F);
+    return (l.rank & countsMask) + (r.rank & countsMask) + (bracketsLeft(op, l) + bracketsRight(op, r)) * bracket +
+           (value != static_cast<double>(static_cast<int>(value))) * notWhole + (op == dvd) * division +
+           (value < 0) * belowZero + (dice << 6 | ops);
+}
+
+double game(Op op, const Node& l, const Node& r) {
     switch (op) {
-    case add: e.num = l.num * r.den + r.num * l.den; e.game = l.game + r.game; break;
-    case sub: e.num = l.num * r.den - r.num * l.den; e.game = l.game - r.game; break;
-    case mul: e.num = l.num * r.num; e.game = l.game * r.game; break;
-    case dvd:
-        if (r.num == 0) return false;
-        e.num = r.num < 0 ? -l.num * r.den : l.num * r.den;
-        e.den = r.num < 0 ? -l.den * r.num : l.den * r.num;
-        e.game = l.game / r.game;
-        break;
+    case add: return l.game + r.game;
+    case sub: return l.game - r.game;
+    case mul: return l.game * r.game;
+    case dvd: return l.game / r.game;
     }
-    return true;
+    return 0;
 }
-
-inline void setValue(Node& e) { e.value = static_cast<double>(e.num) / e.den; }
-
-// Rules 2 to 7 for e = l op r, whose value is known: the smaller wins among
-// expressions over the same number of dice. A fraction with a denominator
-// this small is whole exactly when its double is.
-inline std::uint32_t rank(const Node& e, Op op, const Node& l, const Node& r) {
-    const unsigned counts = l.counts + r.counts + ((bracketsLeft(op, l) + bracketsRight(op, r)) << bracketShift) +
-                            (unsigned{e.value != static_cast<double>(static_cast<int>(e.value))} << notWholeShift) +
-                            (unsigned{op == dvd} << divisionShift) + unsigned{e.num < 0};
-    const unsigned dice = l.dice << (3 * r.leaves) | r.dice;
-    const unsigned ops = ((l.ops << 2) | op) << (2 * (r.leaves - 1)) | r.ops;
-    return counts << 18 | dice << 6 | ops;
-}
-
-inline void describe(Node& e, std::uint32_t rank, Op op, const Node& l, const Node& r, int li, int ri) {
-    e.counts = static_cast<std::uint16_t>(rank >> 18);
-    e.dice = static_cast<std::uint16_t>((rank >> 6) & 0xFFF);
-    e.ops = static_cast<std::uint8_t>(rank & 0x3F);
-    e.leaves = static_cast<std::uint8_t>(l.leaves + r.leaves);
-    e.kind = op <= sub ? sum : product;
-    e.op = op;
-    e.left = static_cast<std::int16_t>(li);
-    e.right = static_cast<std::int16_t>(ri);
-}
-
-inline std::uint32_t rankOf(const Node& e) { return std::uint32_t{e.counts} << 18 | std::uint32_t{e.dice} << 6 | e.ops; }
 
 // The game's mark for a value: 0 below 1 and from 101 up, else the nearest
 // whole number, a half going to the even one. Adding 1.5 x 2^52 rounds so and
@@ -108,7 +82,7 @@ public:
             e.num = dice_[i];
             e.den = 1;
             e.value = e.game = e.num;
-            e.dice = static_cast<std::uint16_t>(6 - e.num);
+            e.rank = static_cast<std::uint32_t>(6 - e.num) << 6;
             e.leaves = 1;
             e.kind = leaf;
             e.left = e.right = -1;
@@ -120,10 +94,9 @@ public:
             if (i == 0 || dice_[i] != dice_[i - 1]) build(15 ^ (1 << i));
     }
 
-    // Calls visit(e, op, l, r) for every expression e = l op r over all four
-    // dice, with only its fraction and double known; l and r are indices of
-    // nodes. A split of the dice into the same numbers as one before it is
-    // left out.
+    // Calls visit(num, den, op, l, r) for every expression l op r over all
+    // four dice, l and r being indices of nodes. A split of the dice into the
+    // same numbers as one before it is left out.
     template <class Visit>
     void whole(Visit&& visit) const {
         for (int i = 0; i < 4; ++i)
@@ -135,23 +108,24 @@ public:
     const Node& node(int k) const { return pool_[static_cast<std::size_t>(k)]; }
 
 private:
-    // Both orders of every pair of expressions over masks a and b, with each operation.
+    // Both orders of every pair of expressions over masks a and b, with each
+    // operation; unreduced, the fractions stay small. x + y and x × y are one
+    // value either way round; each order is taken where its text reads back.
     template <class Visit>
     void joinBoth(int a, int b, Visit& visit) const {
-        Node e;
         for (int i = first_[a]; i < last_[a]; ++i) {
+            const Node& x = node(i);
             for (int j = first_[b]; j < last_[b]; ++j) {
-                for (Op op : {add, mul}) {   // one value for both orders
-                    const bool ij = reads(op, node(j)), ji = reads(op, node(i));
-                    if (!ij && !ji) continue;
-                    fraction(e, op, node(i), node(j));
-                    if (ij) visit(e, op, i, j);
-                    if (ji) visit(e, op, j, i);
-                }
-                for (Op op : {sub, dvd}) {
-                    if (fraction(e, op, node(i), node(j))) visit(e, op, i, j);
-                    if (fraction(e, op, node(j), node(i))) visit(e, op, j, i);
-                }
+                const Node& y = node(j);
+                const std::int32_t p = x.num * y.den, q = y.num * x.den, d = x.den * y.den;
+                if (y.kind != sum) visit(p + q, d, add, i, j);
+                if (x.kind != sum) visit(p + q, d, add, j, i);
+                visit(p - q, d, sub, i, j);
+                visit(q - p, d, sub, j, i);
+                if (y.kind != product) visit(x.num * y.num, d, mul, i, j);
+                if (x.kind != product) visit(x.num * y.num, d, mul, j, i);
+                if (y.num != 0) visit(y.num < 0 ? -p : p, std::abs(x.den * y.num), dvd, i, j);
+                if (x.num != 0) visit(x.num < 0 ? -q : q, std::abs(y.den * x.num), dvd, j, i);
             }
         }
     }
@@ -159,32 +133,41 @@ private:
     void build(int mask) {
         first_[mask] = count_;
         table_.fill(-1);
-        auto keep = [this](Node& e, Op op, int l, int r) {
-            setValue(e);
-            const std::uint32_t rank = fendle::rank(e, op, node(l), node(r));
+        auto keep = [this](std::int32_t num, std::int32_t den, Op op, int l, int r) {
+            Node e;
+            e.value = static_cast<double>(num) / den;
+            e.game = game(op, node(l), node(r));
+            e.num = num;
+            e.den = den;
+            e.rank = rank(e.value, op, node(l), node(r));
+            e.leaves = static_cast<std::uint8_t>(node(l).leaves + node(r).leaves);
+            e.kind = op <= sub ? sum : product;
+            e.op = op;
+            e.left = static_cast<std::int16_t>(l);
+            e.right = static_cast<std::int16_t>(r);
             const auto bits = std::bit_cast<std::uint64_t>(e.value);
-            const Kind kind = op <= sub ? sum : product;
             for (auto h = static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15ull) >> 56);; h = (h + 1) & 255) {
                 const int k = table_[h];
                 if (k < 0) {
                     table_[h] = static_cast<std::int16_t>(count_);
-                    describe(pool_[static_cast<std::size_t>(count_++)] = e, rank, op, node(l), node(r), l, r);
+                    pool_[static_cast<std::size_t>(count_++)] = e;
                     return;
                 }
                 Node& old = pool_[static_cast<std::size_t>(k)];
-                if (old.value == e.value && old.kind == kind && old.game == e.game) {
-                    if (rank < rankOf(old)) describe(old = e, rank, op, node(l), node(r), l, r);
+                if (old.value == e.value && old.kind == e.kind && old.game == e.game) {
+                    if (e.rank < old.rank) old = e;
                     return;
                 }
             }
         };
         // Each die of the mask against the rest, but a die equal to the one
         // before it (the dice are sorted); a pair once.
+        const bool pair = std::popcount(static_cast<unsigned>(mask)) == 2;
         for (int i = 0, previous = 0; i < 4; ++i) {
             if ((mask >> i & 1) == 0 || dice_[static_cast<std::size_t>(i)] == previous) continue;
             previous = dice_[static_cast<std::size_t>(i)];
             joinBoth(1 << i, mask ^ (1 << i), keep);
-            if (std::popcount(static_cast<unsigned>(mask)) == 2) break;
+            if (pair) break;
         }
         last_[mask] = count_;
     }
@@ -208,18 +191,18 @@ struct Best {
 };
 using Bests = std::array<Best, 101>;
 
-// Offers e = l op r, whose fraction is known, for the number it makes;
-// `only` is that number, or 0 for any.
-inline void offer(Bests& best, const Search& s, Node& e, Op op, int l, int r, int only) {
-    if (only != 0 && 2 * std::abs(e.num - only * e.den) > e.den) return;   // further than a half
-    setValue(e);
-    const int n = gameMark(e.value);
+// Offers num / den = l op r for the number it makes; `only` is that number,
+// or 0 for any.
+inline void offer(Bests& best, const Search& s, std::int32_t num, std::int32_t den, Op op, int l, int r, int only) {
+    if (only != 0 && 2 * std::abs(num - only * den) > den) return;   // further than a half
+    const double value = static_cast<double>(num) / den;
+    const int n = gameMark(value);
     if (n == 0 || (only != 0 && n != only)) return;
-    const bool rounded = e.value != n;
-    if (rounded && gameMark(e.game) != n) return;
-    const std::uint32_t key = std::uint32_t{rounded} << 30 | rank(e, op, s.node(l), s.node(r));
+    const bool rounded = value != n;
+    if (rounded && gameMark(game(op, s.node(l), s.node(r))) != n) return;
+    const std::uint32_t key = std::uint32_t{rounded} << 30 | rank(value, op, s.node(l), s.node(r));
     Best& b = best[static_cast<std::size_t>(n)];
-    if (key < b.key) b = {key, op, static_cast<std::int16_t>(l), static_cast<std::int16_t>(r), e.num, e.den};
+    if (key < b.key) b = {key, op, static_cast<std::int16_t>(l), static_cast<std::int16_t>(r), num, den};
 }
 
 void write(std::string& out, const Search& s, int k, bool brackets);
@@ -259,14 +242,14 @@ std::optional<Explanation> explain(const std::array<int, 4>& dice, int number) {
     if (number < 1 || number > 100) return std::nullopt;
     const Search s(dice);
     Bests best;
-    s.whole([&](Node& e, Op op, int l, int r) { offer(best, s, e, op, l, r, number); });
+    s.whole([&](std::int32_t num, std::int32_t den, Op op, int l, int r) { offer(best, s, num, den, op, l, r, number); });
     return explanation(s, best[static_cast<std::size_t>(number)]);
 }
 
 std::array<std::optional<Explanation>, 101> explainAll(const std::array<int, 4>& dice) {
     const Search s(dice);
     Bests best;
-    s.whole([&](Node& e, Op op, int l, int r) { offer(best, s, e, op, l, r, 0); });
+    s.whole([&](std::int32_t num, std::int32_t den, Op op, int l, int r) { offer(best, s, num, den, op, l, r, 0); });
     std::array<std::optional<Explanation>, 101> out;
     for (std::size_t n = 1; n <= 100; ++n) out[n] = explanation(s, best[n]);
     return out;
