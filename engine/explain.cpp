@@ -60,9 +60,9 @@ double game(Op op, const Node& l, const Node& r) {
     return 0;
 }
 
-// The game's mark for a value: 0 below 1 and from 101 up, else the nearest
-// whole number, a half going to the even one. Adding 1.5 x 2^52 rounds so and
-// leaves the number in the low bits.
+// The game's mark for a value: none (0) unless 0 < v < 101, else the nearest
+// whole number, a half going to the even one (0 again up to a half). Adding
+// 1.5 x 2^52 rounds so and leaves the number in the low bits.
 inline int gameMark(double v) {
     const auto low = static_cast<int>(std::bit_cast<std::uint64_t>(v + 6755399441055744.0) & 0xFF);
     return v > 0 && v < 101 ? low : 0;
