@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "engine/explain.h"
 #include "harness.h"
 
 namespace fendle {
@@ -28,6 +29,51 @@ void BM_Reachable(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_Reachable);
+
+// The 1296 ordered throws, and for each throw its marked numbers.
+struct Throws {
+    std::vector<std::array<int, 4>> dice;
+    std::vector<std::vector<int>> marked;
+    Throws() {
+        for (int code = 0; code < 1296; ++code) {
+            std::array<int, 4> d{};
+            Reachable r;
+            for (std::size_t k = 0, c = static_cast<std::size_t>(code); k < 4; ++k, c /= 6) {
+                d[k] = 1 + static_cast<int>(c % 6);
+                r.dice[k] = static_cast<i16>(d[k]);
+            }
+            r.allowednumbers();
+            r.allowednumbers2();
+            dice.push_back(d);
+            marked.emplace_back();
+            for (int n = 1; n <= 100; ++n)
+                if (r.marked(n)) marked.back().push_back(n);
+        }
+    }
+};
+
+// The expression for one number: each throw in turn with each of its marked
+// numbers in turn, as after a legal move.
+void BM_ExplainOne(benchmark::State& state) {
+    const Throws t;
+    std::size_t k = 0, i = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(explain(t.dice[k], t.marked[k][i]));
+        if (++i == t.marked[k].size()) i = 0, k = (k + 1) % t.dice.size();
+    }
+}
+BENCHMARK(BM_ExplainOne)->Unit(benchmark::kMicrosecond);
+
+// The expressions for every number of one throw, through all 1296 throws.
+void BM_ExplainThrow(benchmark::State& state) {
+    const Throws t;
+    std::size_t k = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(explainAll(t.dice[k]));
+        k = (k + 1) % t.dice.size();
+    }
+}
+BENCHMARK(BM_ExplainThrow)->Unit(benchmark::kMicrosecond);
 
 // Throw Dice with its rethrow loop on a board where only 83 is free: it takes
 // about a hundred throws to draw 3, 4, 4, 5.
