@@ -1,7 +1,10 @@
 #include "text/listinput.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <system_error>
 
 namespace fendle {
 
@@ -162,9 +165,16 @@ bool parseNumber(std::string_view f, double& out) {
         while (i < f.size() && f[i] >= '0' && f[i] <= '9') { ++i; ++digits; }
     }
     if (digits == 0 || i != f.size()) return false;
+    // Read the same whatever the locale the program runs in: "13.5" is
+    // thirteen and a half on a desktop whose numbers have a decimal comma too.
     // However long the digits run, the value is kept: a number too large for
     // its variable must fail there, not pass as 0.
-    out = std::strtod(std::string(f).c_str(), nullptr);
+    const std::size_t sign = f[0] == '+' ? 1 : 0;
+    const auto read = std::from_chars(f.data() + sign, f.data() + f.size(), out);
+    if (read.ec == std::errc::result_out_of_range) {
+        const bool large = f.find_first_of("123456789") < std::min(f.find('.'), f.size());
+        out = !large ? 0.0 : f[0] == '-' ? -HUGE_VAL : HUGE_VAL;
+    }
     return true;
 }
 

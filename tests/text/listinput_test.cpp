@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -68,7 +70,7 @@ TEST(ListInput, SixteenBitNumbersRoundHalfToEvenAndFailWhenTooLarge) {
         {"32767", true, 32767}, {"-32768", true, -32768}, {"32768", false, 0}, {"-32769", false, 0},
         {"2.5", true, 2}, {"3.5", true, 4}, {"-2.5", true, -2}, {"32767.4", true, 32767}, {"32767.5", false, 0},
         {"", true, 0}, {"abc", true, 0}, {std::string(70, '9'), false, 0}, {std::string(80, '0') + "7", true, 7},
-        {std::string(400, '9'), false, 0},
+        {std::string(400, '9'), false, 0}, {"0." + std::string(400, '0') + "1", true, 0}, {"+3.5", true, 4},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.field.substr(0, 20));
@@ -77,6 +79,22 @@ TEST(ListInput, SixteenBitNumbersRoundHalfToEvenAndFailWhenTooLarge) {
         EXPECT_EQ(in.readInt16(v), c.fits);
         EXPECT_EQ(c.fits ? int(v) : 0, c.value);
     }
+}
+
+// A desktop whose numbers have a decimal comma reads the files' points as
+// points: the reader follows no locale.
+TEST(ListInput, NumbersReadTheSameWhateverTheLocale) {
+    const std::string folder = ::testing::TempDir() + "locales";
+    const std::string make = "mkdir -p " + folder + " && localedef -i de_DE -f UTF-8 " + folder + "/de_DE.UTF-8 2>/dev/null";
+    if (std::system(make.c_str()) != 0) GTEST_SKIP() << "no German locale can be made here (localedef, package locales)";
+    setenv("LOCPATH", folder.c_str(), 1);
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr);
+    ASSERT_EQ(std::strtod("13,5", nullptr), 13.5);   // the C library reads a comma now
+    ListInput in("13.5\r\n");
+    double v = 0;
+    EXPECT_TRUE(in.readNumber(v));
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(v, 13.5);
 }
 
 }  // namespace
