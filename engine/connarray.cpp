@@ -5,7 +5,7 @@
 
 namespace fendle {
 
-bool readConnarray(std::string_view bytes, ConnArray& out, std::string* error) {
+bool readConnarray(std::string_view bytes, ConnArray& out, Problem* problem) {
     ListInput in(bytes);
     ConnArray table{};
     for (int row = 0; row <= 99; ++row) {
@@ -13,11 +13,11 @@ bool readConnarray(std::string_view bytes, ConnArray& out, std::string* error) {
             double v = 0;
             const int position = row * 6 + col + 1;
             if (!in.readNumber(v)) {
-                if (error) *error = "connarray.dat ends after " + std::to_string(position - 1) + " of 600 numbers";
+                if (problem) *problem = {msg::fileCutShort, {"connarray.dat", std::to_string(position - 1), "600"}};
                 return false;
             }
             if (!(v >= 0 && v <= 100) || v != static_cast<double>(static_cast<int>(v))) {
-                if (error) *error = "connarray.dat number " + std::to_string(position) + " is not a hexagon from 0 to 100";
+                if (problem) *problem = {msg::notAHexagon, {"connarray.dat", std::to_string(position)}};
                 return false;
             }
             table[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)] = static_cast<i16>(v);

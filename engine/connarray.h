@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "engine/game_state.h"
+#include "text/messages.h"
 
 namespace fendle {
 
@@ -15,8 +16,8 @@ using ConnArray = std::array<std::array<i16, 7>, 101>;
 // Reads the table from the bytes of the file. On success fills `out` (rows 0
 // to 99, columns 0 to 5; row 100 and column 6 stay 0) and returns true. A
 // short file or a value outside 0 to 100 is a failure: `out` is left as it
-// was, and `error` says what was wrong.
-bool readConnarray(std::string_view bytes, ConnArray& out, std::string* error = nullptr);
+// was, and `problem` says what was wrong.
+bool readConnarray(std::string_view bytes, ConnArray& out, Problem* problem = nullptr);
 
 // The table as the board's layout gives it, and the text of the file.
 ConnArray layoutConnarray();

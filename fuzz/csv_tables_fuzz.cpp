@@ -21,9 +21,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static auto tables = std::make_unique<fendle::TextTables>();
     *tables = fendle::TextTables{};
     fendle::ModuleTexts texts = fendle::englishModuleTexts();
-    std::string error;
-    const bool loaded = fendle::loadtexttables(bytes, bytes, *tables, language, texts, &error);
-    if (!loaded) FUZZ_CHECK(error.find(".csv") != std::string::npos || error.find("language") != std::string::npos);
+    fendle::Problem problem;
+    const bool loaded = fendle::loadtexttables(bytes, bytes, *tables, language, texts, &problem);
+    if (!loaded) {
+        const std::string error = problem.english();
+        FUZZ_CHECK(error.find(".csv") != std::string::npos || error.find("language") != std::string::npos);
+    }
     if (loaded) FUZZ_CHECK(texts.oktext == fendle::textRow(*tables, language, 4));
 
     std::int16_t number = 99;
@@ -32,9 +35,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(number == 99 ? name == "English" : number >= 0 && number <= 6 && name == *fendle::languageName(number));
 
     fendle::LanguageTable names;
-    if (!fendle::readlanguagenames(bytes, names, &error)) FUZZ_CHECK(error.find("languages.csv") != std::string::npos);
+    if (!fendle::readlanguagenames(bytes, names, &problem)) FUZZ_CHECK(problem.english().find("languages.csv") != std::string::npos);
 
     fendle::MessageTable messages;
+    std::string error;
     if (!messages.read(bytes, &error)) FUZZ_CHECK(error.find("messages.csv") != std::string::npos);
     for (const fendle::Message& m : fendle::allMessages()) FUZZ_CHECK(!messages.text(m, language, "x").empty());
 

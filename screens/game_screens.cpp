@@ -75,8 +75,8 @@ void tellUser(const QString& text) {
     box.exec();
 }
 
-void stopForMissingFile(Module1& module, const std::string& what) {
-    tellUser(QStringLiteral("Fendle! cannot go on: %1.").arg(QString::fromStdString(what)));
+void stopForMissingFile(Module1& module, const Problem& what) {
+    tellUser(module.message(msg::cannotGoOn, module.message(what).toStdString()));
     module.endProgram();
     QCoreApplication::exit(1);
 }

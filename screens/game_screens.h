@@ -44,6 +44,6 @@ void tellUser(const QString& text);
 
 // A file the program cannot start or go on without is missing or damaged:
 // says which, and ends the program.
-void stopForMissingFile(Module1& module, const std::string& what);
+void stopForMissingFile(Module1& module, const Problem& what);
 
 }  // namespace fendle

@@ -28,14 +28,20 @@ void Module1::fitform(Form& frm) {
     QGuiApplication::restoreOverrideCursor();
 }
 
-QString Module1::message(const Message& m, std::string_view arg) {
+const MessageTable& Module1::messages() {
     if (!messages_) {
         messages_ = std::make_unique<MessageTable>();
         // A missing or short file leaves the English built into the program.
         messages_->read(readFileBytes(gamePath(messagesCsvFile)));
     }
-    return QString::fromStdString(messages_->text(m, state.languagenumber, arg));
+    return *messages_;
 }
+
+QString Module1::message(const Message& m, std::string_view arg) {
+    return QString::fromStdString(messages().text(m, state.languagenumber, arg));
+}
+
+QString Module1::message(const Problem& p) { return QString::fromStdString(messages().text(p, state.languagenumber)); }
 
 void Module1::endProgram() {
     screens.unloadAll();

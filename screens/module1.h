@@ -48,6 +48,7 @@ public:
     // One of the program's own messages in the current language, from
     // text\messages.csv, which is read at the first use; "%1" becomes `arg`.
     QString message(const Message& m, std::string_view arg = {});
+    QString message(const Problem& p);
 
     // The high-score table: rows 0 to 9 in use, row 10 never touched.
     std::array<std::string, 11> highnames{};
@@ -77,6 +78,7 @@ public:
 
 private:
     PortFactory ports_;
+    const MessageTable& messages();
     std::unique_ptr<MessageTable> messages_;
 
 public:

@@ -75,9 +75,9 @@ bool Titlefrm::loadtexttables() {
     if (!m.tables) m.tables = std::make_shared<TextTables>();
     const auto text = readFileBytes(gamePath(textCsvFile));
     const auto rules = readFileBytes(gamePath(rulesCsvFile));
-    std::string error;
-    if (fendle::loadtexttables(text, rules, *m.tables, m.state.languagenumber, m.state.texts, &error)) return true;
-    stopForMissingFile(m, error);
+    Problem problem;
+    if (fendle::loadtexttables(text, rules, *m.tables, m.state.languagenumber, m.state.texts, &problem)) return true;
+    stopForMissingFile(m, problem);
     return false;
 }
 
@@ -95,8 +95,8 @@ void Titlefrm::Form_Load() {
     // The picture came with the table; a missing file costs only the picture.
 
     const auto bytes = readFileBytes(gamePath("connarray.dat"));
-    std::string error = "connarray.dat is missing";
-    if (!bytes || !readConnarray(*bytes, s.connarray, &error)) stopForMissingFile(m, error);
+    Problem problem{msg::fileMissing, {"connarray.dat"}};
+    if (!bytes || !readConnarray(*bytes, s.connarray, &problem)) stopForMissingFile(m, problem);
 }
 
 void Titlefrm::Label5_Click() {

@@ -12,6 +12,11 @@ constexpr Message everyMessage[] = {
     msg::dataFolderMissing,
     msg::highscoreNotSaved,
     msg::gameNotSaved,
+    msg::cannotGoOn,
+    msg::fileMissing,
+    msg::fileCutShort,
+    msg::notAHexagon,
+    msg::noSuchLanguage,
     msg::windowTitlefrm,
     msg::windowStartplay2,
     msg::windowStartautoplay2,
@@ -51,6 +56,15 @@ bool MessageTable::read(std::optional<std::string_view> bytes, std::string* erro
 }
 
 std::string MessageTable::text(const Message& message, int languagenumber, std::string_view arg) const {
+    const std::string args[] = {std::string(arg)};
+    return fillArguments(chosen(message, languagenumber), args);
+}
+
+std::string MessageTable::text(const Problem& problem, int languagenumber) const {
+    return fillArguments(chosen(problem.message, languagenumber), problem.args);
+}
+
+std::string_view MessageTable::chosen(const Message& message, int languagenumber) const {
     std::string_view chosen = message.english;
     if (const auto it = rows_.find(message.key); it != rows_.end()) {
         const auto& texts = it->second;
@@ -58,7 +72,7 @@ std::string MessageTable::text(const Message& message, int languagenumber, std::
         if (languagenumber >= 0 && languagenumber < csvColumns && !texts[std::size_t(languagenumber)].empty())
             chosen = texts[std::size_t(languagenumber)];
     }
-    return fillArgument(chosen, arg);
+    return chosen;
 }
 
 std::optional<std::array<std::string, 7>> MessageTable::row(std::string_view key) const {
@@ -67,11 +81,12 @@ std::optional<std::array<std::string, 7>> MessageTable::row(std::string_view key
     return it->second;
 }
 
-std::string fillArgument(std::string_view text, std::string_view arg) {
+std::string fillArguments(std::string_view text, std::span<const std::string> args) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text.substr(i, 2) == "%1") {
-            out += arg;
+        const char digit = i + 1 < text.size() ? text[i + 1] : 0;
+        if (text[i] == '%' && digit >= '1' && digit <= '9' && std::size_t(digit - '1') < args.size()) {
+            out += args[std::size_t(digit - '1')];
             ++i;
         } else {
             out += text[i];

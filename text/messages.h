@@ -15,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace fendle {
 
@@ -45,6 +46,19 @@ inline constexpr Message highscoreNotSaved{
 inline constexpr Message gameNotSaved{
     "gameNotSaved", "This game could not be saved, so you will not be able to carry on with it later."};
 
+// Told when a file the game cannot go on without is missing or damaged;
+// "%1" says which and what is wrong with it, in one of the four messages
+// below.
+inline constexpr Message cannotGoOn{"cannotGoOn", "Fendle! cannot go on: %1."};
+// "%1" a file.
+inline constexpr Message fileMissing{"fileMissing", "%1 is missing"};
+// "%1" a file that ends after %2 of the %3 values it must hold.
+inline constexpr Message fileCutShort{"fileCutShort", "%1 ends after %2 of its %3 values"};
+// "%1" a file whose value number %2 is no hexagon.
+inline constexpr Message notAHexagon{"notAHexagon", "value %2 of %1 is not a hexagon from 0 to 100"};
+// "%1" a language number the tables have no column for.
+inline constexpr Message noSuchLanguage{"noSuchLanguage", "language %1 is outside the tables"};
+
 // Accessible names of the windows; their visible captions stay as designed.
 inline constexpr Message windowTitlefrm{"windowTitlefrm", "Fendle! \u2013 Start"};
 inline constexpr Message windowStartplay2{"windowStartplay2", "Fendle! \u2013 Set up the game"};
@@ -57,6 +71,18 @@ inline constexpr Message windowRules{"windowRules", "Fendle! \u2013 The rules, p
 inline constexpr Message windowGrey{"windowGrey", "Fendle!"};
 
 }  // namespace msg
+
+// Puts args[0] in place of every "%1" of `text`, args[1] of "%2", and so on.
+std::string fillArguments(std::string_view text, std::span<const std::string> args);
+
+// What a reader of a file could not do, to be told in the user's language:
+// a message, and what fills its "%1", "%2" ….
+struct Problem {
+    Message message{};
+    std::vector<std::string> args;
+    // In the English built into the program, for logs and tests.
+    std::string english() const { return fillArguments(message.english, args); }
+};
 
 // Every message the program uses, in the order of the file.
 std::span<const Message> allMessages();
@@ -72,16 +98,15 @@ public:
     // language has none, the English of the file; where the file has no such
     // line, the English built into the program. "%1" becomes `arg`.
     std::string text(const Message& message, int languagenumber, std::string_view arg = {}) const;
+    std::string text(const Problem& problem, int languagenumber) const;
 
     bool has(std::string_view key) const { return rows_.find(key) != rows_.end(); }
     // The seven texts of a key as the file holds them; nothing for a key it lacks.
     std::optional<std::array<std::string, 7>> row(std::string_view key) const;
 
 private:
+    std::string_view chosen(const Message& message, int languagenumber) const;
     std::map<std::string, std::array<std::string, 7>, std::less<>> rows_;
 };
-
-// Puts `arg` in place of every "%1" of `text`.
-std::string fillArgument(std::string_view text, std::string_view arg);
 
 }  // namespace fendle

@@ -2,6 +2,7 @@
 
 #include "text/file_io.h"
 #include "text/listinput.h"
+#include "text/messages.h"
 
 namespace fendle {
 
@@ -11,24 +12,23 @@ constexpr std::array<std::string_view, namedLanguages> languageNames = {
     "English", "French", "German", "Spanish", "Italian", "Dutch", "Welsh",
     "Danish", "Finnish", "Hungarian", "Norwegian", "Swedish", "Polish", "Portuguese"};
 
-bool failure(std::string* error, std::string message) {
-    if (error) *error = std::move(message);
+bool failure(Problem* problem, Message message, std::vector<std::string> args) {
+    if (problem) *problem = {message, std::move(args)};
     return false;
 }
 
 // Reads rows 1 to `rows` of seven fields into table[column][row].
 template <std::size_t N>
 bool readCsvTable(std::optional<std::string_view> bytes, std::string_view fileName, int rows,
-                  std::array<std::array<std::string, N>, tableLanguages>& table, std::string* error) {
-    if (!bytes) return failure(error, std::string(fileName) + " is missing");
+                  std::array<std::array<std::string, N>, tableLanguages>& table, Problem* problem) {
+    if (!bytes) return failure(problem, msg::fileMissing, {std::string(fileName)});
     ListInput in(*bytes);
     for (int row = 1; row <= rows; ++row) {
         for (int column = 0; column < csvColumns; ++column) {
             if (!in.readString(table[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)])) {
                 const int have = (row - 1) * csvColumns + column;
-                return failure(error, std::string(fileName) + " ends after " + std::to_string(have) + " of " +
-                                          std::to_string(rows * csvColumns) + " fields (row " +
-                                          std::to_string(row) + ", column " + std::to_string(column) + ")");
+                return failure(problem, msg::fileCutShort,
+                               {std::string(fileName), std::to_string(have), std::to_string(rows * csvColumns)});
             }
         }
     }
@@ -75,11 +75,11 @@ bool writeNumlang(const std::string& path, int languagenumber, std::string* erro
 }
 
 bool loadtexttables(std::optional<std::string_view> textCsv, std::optional<std::string_view> rulesCsv,
-                    TextTables& tables, int languagenumber, ModuleTexts& texts, std::string* error) {
-    if (!readCsvTable(textCsv, textCsvFile, textCsvRows, tables.texttable, error)) return false;
-    if (!readCsvTable(rulesCsv, rulesCsvFile, rulesCsvRows, tables.rulestable, error)) return false;
+                    TextTables& tables, int languagenumber, ModuleTexts& texts, Problem* problem) {
+    if (!readCsvTable(textCsv, textCsvFile, textCsvRows, tables.texttable, problem)) return false;
+    if (!readCsvTable(rulesCsv, rulesCsvFile, rulesCsvRows, tables.rulestable, problem)) return false;
     if (!settexts(tables, languagenumber, texts))
-        return failure(error, "language " + std::to_string(languagenumber) + " is outside the tables");
+        return failure(problem, msg::noSuchLanguage, {std::to_string(languagenumber)});
     return true;
 }
 
@@ -109,14 +109,14 @@ bool settexts(const TextTables& tables, int languagenumber, ModuleTexts& texts) 
 }
 
 bool readlanguagenames(std::optional<std::string_view> languagesCsv, LanguageTable& languagetable,
-                       std::string* error) {
-    if (!languagesCsv) return failure(error, std::string(languagesCsvFile) + " is missing");
+                       Problem* problem) {
+    if (!languagesCsv) return failure(problem, msg::fileMissing, {std::string(languagesCsvFile)});
     ListInput in(*languagesCsv);
     const int count = csvColumns + namedLanguages * csvColumns;
     int have = 0;
     const auto shortFile = [&] {
-        return failure(error, std::string(languagesCsvFile) + " ends after " + std::to_string(have) + " of " +
-                                  std::to_string(count) + " fields");
+        return failure(problem, msg::fileCutShort,
+                       {std::string(languagesCsvFile), std::to_string(have), std::to_string(count)});
     };
     std::string heading;
     for (int column = 0; column < csvColumns; ++column, ++have)

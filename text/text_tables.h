@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "text/messages.h"
 #include "text/module_texts.h"
 
 namespace fendle {
@@ -65,10 +66,10 @@ bool writeNumlang(const std::string& path, int languagenumber, std::string* erro
 // loadtexttables: reads text.csv (rows 1 to 40, seven fields each, into
 // texttable[column][row]), then rules.csv (rows 1 to 64), then calls
 // settexts. A missing file or one that ends before its last field stops the
-// load there: the result is false, `error` names the file, the fields read
+// load there: the result is false, `problem` says which file, the fields read
 // up to then stay in the tables, and settexts does not run.
 bool loadtexttables(std::optional<std::string_view> textCsv, std::optional<std::string_view> rulesCsv,
-                    TextTables& tables, int languagenumber, ModuleTexts& texts, std::string* error = nullptr);
+                    TextTables& tables, int languagenumber, ModuleTexts& texts, Problem* problem = nullptr);
 
 // settexts: copies the current language's texts into the module text
 // variables. A language number outside 0 to 18 indexes nothing: the texts
@@ -79,7 +80,7 @@ bool settexts(const TextTables& tables, int languagenumber, ModuleTexts& texts);
 // seven columns into languagetable. Missing file or too few fields: false,
 // with the fields read so far kept.
 bool readlanguagenames(std::optional<std::string_view> languagesCsv, LanguageTable& languagetable,
-                       std::string* error = nullptr);
+                       Problem* problem = nullptr);
 
 // Row `row` of texttable or rulestable in `language`; empty for a language
 // or row outside the table.

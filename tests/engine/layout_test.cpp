@@ -56,8 +56,8 @@ TEST(NeighbourTable, CommittedFileHoldsTheBoardsNeighbours) {
     std::ifstream in(std::string(FENDLE_DATA_DIR) + "/connarray.dat", std::ios::binary);
     const std::string text = (std::stringstream() << in.rdbuf()).str();
     ConnArray table{};
-    std::string error;
-    ASSERT_TRUE(readConnarray(text, table, &error)) << error;
+    Problem problem;
+    ASSERT_TRUE(readConnarray(text, table, &problem)) << problem.english();
     for (int n = 1; n <= 101; ++n) {
         const std::vector<int> expected = n <= 100 ? touchingFromTheTop(n) : std::vector<int>{};
         for (std::size_t c = 0; c < 7; ++c)
@@ -89,11 +89,11 @@ TEST(NeighbourTable, DamagedFilesAreRefusedAndLeaveTheTable) {
     for (const Case& c : cases) {
         ConnArray table{};
         table[5][5] = 42;   // a value the reader must not disturb on failure
-        std::string error;
-        EXPECT_EQ(readConnarray(c.text, table, &error), c.ok) << c.text.substr(0, 40);
+        Problem problem;
+        EXPECT_EQ(readConnarray(c.text, table, &problem), c.ok) << c.text.substr(0, 40);
         if (!c.ok) {
             EXPECT_EQ(table[5][5], 42);
-            EXPECT_FALSE(error.empty());
+            EXPECT_FALSE(problem.english().empty());
         }
     }
 }

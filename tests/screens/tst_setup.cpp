@@ -131,25 +131,31 @@ private slots:
     }
 
     // Without its texts or its neighbour table the program cannot go on: it
-    // says which file and stops. A missing picture costs only the picture.
+    // says which file, in the pupil's language, and stops. A missing picture
+    // costs only the picture.
     void filesTheProgramNeeds_data() {
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("keep");   // bytes left; -1 removes the file
         QTest::addColumn<bool>("atOk");
+        QTest::addColumn<int>("language");
         QTest::addColumn<QString>("message");
-        QTest::newRow("text.csv missing") << "text/text.csv" << -1 << false << "text\\text.csv is missing";
-        QTest::newRow("rules.csv short") << "text/rules.csv" << 300 << false << "text\\rules.csv ends";
-        QTest::newRow("rules.csv gone at OK") << "text/rules.csv" << -1 << true << "text\\rules.csv is missing";
-        QTest::newRow("connarray.dat missing") << "connarray.dat" << -1 << false << "connarray.dat is missing";
-        QTest::newRow("connarray.dat short") << "connarray.dat" << 50 << false << "connarray.dat ends";
-        QTest::newRow("title picture missing") << "Images/fendlemd.bmp" << -1 << false << "";
+        QTest::newRow("text.csv missing") << "text/text.csv" << -1 << false << 0 << "text\\text.csv is missing";
+        QTest::newRow("rules.csv short") << "text/rules.csv" << 300 << false << 0 << "text\\rules.csv ends";
+        QTest::newRow("rules.csv gone at OK") << "text/rules.csv" << -1 << true << 0 << "text\\rules.csv is missing";
+        QTest::newRow("connarray.dat missing") << "connarray.dat" << -1 << false << 0 << "connarray.dat is missing";
+        QTest::newRow("connarray.dat short") << "connarray.dat" << 50 << false << 0 << "connarray.dat ends";
+        QTest::newRow("connarray.dat short, in German") << "connarray.dat" << 50 << false << 2
+                                                         << "Fendle! kann nicht weitermachen: connarray.dat endet nach 24 von 600 Werten.";
+        QTest::newRow("title picture missing") << "Images/fendlemd.bmp" << -1 << false << 0 << "";
     }
     void filesTheProgramNeeds() {
         QFETCH(QString, file);
         QFETCH(int, keep);
         QFETCH(bool, atOk);
+        QFETCH(int, language);
         QFETCH(QString, message);
         GameRun g;
+        if (language) g.write("numlang.txt", QByteArray::number(language) + "\r\n");
         const auto damage = [&] {
             if (keep < 0) QVERIFY(QFile::remove(g.file(file)));
             else QVERIFY(QFile::resize(g.file(file), keep));

@@ -71,9 +71,9 @@ protected:
         rulesCsv = dataFile(rulesCsvFile);
         languagesCsv = dataFile(languagesCsvFile);
         tables = std::make_unique<TextTables>();
-        std::string error;
-        loaded = loadtexttables(textCsv, rulesCsv, *tables, 0, texts, &error);
-        EXPECT_TRUE(loaded) << error;
+        Problem problem;
+        loaded = loadtexttables(textCsv, rulesCsv, *tables, 0, texts, &problem);
+        EXPECT_TRUE(loaded) << problem.english();
     }
     std::string textCsv, rulesCsv, languagesCsv;
     std::unique_ptr<TextTables> tables;
@@ -104,8 +104,8 @@ TEST_F(TextData, EveryShownCellIsFilledInEveryLanguage) {
         }
     }
     LanguageTable names;
-    std::string error;
-    ASSERT_TRUE(readlanguagenames(languagesCsv, names, &error)) << error;
+    Problem problem;
+    ASSERT_TRUE(readlanguagenames(languagesCsv, names, &problem)) << problem.english();
     for (int lang = 0; lang < textedLanguages; ++lang)
         for (int row = 0; row < textedLanguages; ++row)
             EXPECT_FALSE(names[lang][row].empty()) << "languages.csv row " << row << " column " << lang;

@@ -52,8 +52,8 @@ TEST(TextTables, LoadFillsColumnByLanguageAndRowAndCallsSettexts) {
     std::string rules = csv(rulesCsvRows);
     rules.insert(rules.find("\r\n"), ",extra");   // row 1 has eight fields: the eighth is row 2's first
     ModuleTexts texts;
-    std::string error;
-    ASSERT_TRUE(loadtexttables(csv(textCsvRows), rules, *tables, 2, texts, &error)) << error;
+    Problem problem;
+    ASSERT_TRUE(loadtexttables(csv(textCsvRows), rules, *tables, 2, texts, &problem)) << problem.english();
     EXPECT_EQ(tables->texttable[0][1], "r1c0");
     EXPECT_EQ(tables->texttable[6][40], "r40c6");
     EXPECT_EQ(tables->texttable[0][0], "");
@@ -95,9 +95,9 @@ TEST(TextTables, MissingOrShortFilesFailWithTheFileNamed) {
         SCOPED_TRACE(c.name);
         auto tables = std::make_unique<TextTables>();
         ModuleTexts texts = englishModuleTexts();
-        std::string error;
-        EXPECT_FALSE(loadtexttables(view(c.text), view(c.rules), *tables, 0, texts, &error));
-        EXPECT_NE(error.find(c.fileInError), std::string::npos) << error;
+        Problem problem;
+        EXPECT_FALSE(loadtexttables(view(c.text), view(c.rules), *tables, 0, texts, &problem));
+        EXPECT_NE(problem.english().find(c.fileInError), std::string::npos) << problem.english();
         EXPECT_EQ(texts.oktext, "OK") << "settexts must not run after a failed load";
     }
 }
@@ -106,16 +106,16 @@ TEST(LanguageNames, HeadingThenFourteenRowsOfSeven) {
     // Row 1 is the heading; row r names language r - 2, in the language of its column.
     const std::string bytes = csv(namedLanguages + 1);
     LanguageTable table;
-    std::string error;
-    ASSERT_TRUE(readlanguagenames(bytes, table, &error)) << error;
+    Problem problem;
+    ASSERT_TRUE(readlanguagenames(bytes, table, &problem)) << problem.english();
     EXPECT_EQ(table[0][0], "r2c0");
     EXPECT_EQ(table[5][3], "r5c5");   // language 3 written in language 5
     EXPECT_EQ(table[6][13], "r15c6");
     EXPECT_EQ(table[7][0], "");
-    EXPECT_FALSE(readlanguagenames(bytes.substr(0, bytes.rfind(",r15c6")), table, &error));
-    EXPECT_NE(error.find("languages.csv"), std::string::npos);
-    EXPECT_FALSE(readlanguagenames(std::nullopt, table, &error));
-    EXPECT_NE(error.find("languages.csv"), std::string::npos);
+    EXPECT_FALSE(readlanguagenames(bytes.substr(0, bytes.rfind(",r15c6")), table, &problem));
+    EXPECT_NE(problem.english().find("languages.csv"), std::string::npos);
+    EXPECT_FALSE(readlanguagenames(std::nullopt, table, &problem));
+    EXPECT_NE(problem.english().find("languages.csv"), std::string::npos);
 }
 
 TEST(Messages, TheLanguageThenTheFilesEnglishThenTheBuiltInEnglish) {
