@@ -85,8 +85,8 @@ enum class Kind {
 
 // The font family that stands in for a face: Arial -> "Liberation Sans";
 // Tahoma -> the family of /usr/share/wine/fonts/tahoma.ttf (loaded once,
-// with a bold face made by fitBoldFace from the clone's bold file and DejaVu
-// Sans Bold, or the clone's bold file as it is), else "DejaVu Sans".
+// with the bold face the build fitted into fonts/tahoma-bold.ttf of the game
+// folder, or the clone's bold file as it is), else "DejaVu Sans".
 QString fontFamily(Face face);
 QFont makeFont(Face face, double points, bool bold);
 

@@ -1,4 +1,4 @@
-#include "screens/bold_face.h"
+#include "tools/bold_face.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace fendle::kit {
+namespace fendle::font {
 
 namespace {
 
@@ -497,4 +497,4 @@ std::optional<std::string> fitBoldFace(std::string_view spacing, std::string_vie
     }
 }
 
-}  // namespace fendle::kit
+}  // namespace fendle::font
