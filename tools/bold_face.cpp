@@ -58,7 +58,7 @@ constexpr long maxCoordinate = 0x3FFF;
 // The work that fitting a face may take, in glyphs and points copied: the
 // game's two fonts need about 67,000; a damaged composite glyph that names
 // its parts over and over would ask for billions.
-constexpr std::size_t maxWork = std::size_t(1) << 20;
+constexpr std::size_t maxWork = std::size_t(1) << 18;
 
 // What of a TrueType face this code reads: its tables, the glyph outlines,
 // the advances and the character map.
