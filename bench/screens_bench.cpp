@@ -20,7 +20,6 @@
 #include <fstream>
 #include <string>
 
-#include "screens/bold_face.h"
 #include "screens/cheatchart.h"
 #include "screens/fen1_form.h"
 #include "screens/game_screens.h"
@@ -234,24 +233,6 @@ void BM_DiceRoll(benchmark::State& state) {
     state.counters["spin_interval_ms"] = f->timers().interval(8);
 }
 BENCHMARK(BM_DiceRoll)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
-
-// The bold Tahoma made from the clone's bold file and DejaVu Sans Bold, as
-// the first use of the font at the start does it.
-void BM_FitBoldFace(benchmark::State& state) {
-    auto bytes = [](const char* path) {
-        QFile f(QString::fromUtf8(path));
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    };
-    const QByteArray spacing = bytes("/usr/share/wine/fonts/tahomabd.ttf");
-    const QByteArray shapes = bytes("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
-    if (spacing.isEmpty() || shapes.isEmpty()) return state.SkipWithError("the fonts are not installed");
-    for (auto _ : state) {
-        auto face = kit::fitBoldFace(std::string_view(spacing.constData(), std::size_t(spacing.size())),
-                                     std::string_view(shapes.constData(), std::size_t(shapes.size())));
-        benchmark::DoNotOptimize(face);
-    }
-}
-BENCHMARK(BM_FitBoldFace)->Unit(benchmark::kMillisecond);
 
 // One paint of the board's turn line, plain (0) and outlined (1).
 void BM_PaintTurnLine(benchmark::State& state) {

@@ -1,7 +1,8 @@
 // The two faces the screens were drawn with and the fonts that stand in for
 // them here: Arial is "Liberation Sans", which has its metrics; Tahoma is
-// the clone in /usr/share/wine/fonts, loaded once with its bold face, else
-// "DejaVu Sans".
+// the clone in /usr/share/wine/fonts, loaded once with the bold face the
+// build fitted into fonts/tahoma-bold.ttf of the game folder (or the clone's
+// bold file as it is), else "DejaVu Sans".
 #pragma once
 
 #include <QFont>

@@ -8,11 +8,11 @@
 #include <QPainter>
 #include <QTest>
 
-#include "screens/bold_face.h"
 #include "screens/kit/controls.h"
 #include "screens/kit/native.h"
 #include "screens/kit/painted.h"
 #include "screens/kit/units.h"
+#include "text/game_paths.h"
 
 using namespace fendle;
 using kit::Align;
@@ -67,6 +67,8 @@ class FormKitTest : public QObject {
     Q_OBJECT
 
 private slots:
+    // The fonts the build made are in the game folder.
+    void initTestCase() { useGameFolders({FENDLE_GAME_DIR, {}}); }
 
     // The focus comes from the keyboard only. A click presses the button
     // and leaves the focus where it was, unseen; the first Space after that
@@ -138,21 +140,6 @@ private slots:
                     QFAIL(qPrintable(QString("%1 at %2 px").arg(c).arg(pixels)));
             }
         }
-    }
-
-    // A font file cut short or of the wrong kind gives no face, and the
-    // clone's own bold file stays in use.
-    void aDamagedFontGivesNoBoldFace() {
-        QFile spacingFile(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"));
-        QFile shapesFile(QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"));
-        if (!spacingFile.open(QIODevice::ReadOnly) || !shapesFile.open(QIODevice::ReadOnly))
-            QSKIP("the fonts are not installed");
-        const std::string spacing = spacingFile.readAll().toStdString(), shapes = shapesFile.readAll().toStdString();
-        QVERIFY(kit::fitBoldFace(spacing, shapes));
-        for (std::size_t cut : {std::size_t(0), std::size_t(11), std::size_t(300), spacing.size() / 2, spacing.size() - 8})
-            QVERIFY2(!kit::fitBoldFace(spacing.substr(0, cut), shapes), qPrintable(QString::number(cut)));
-        QVERIFY(!kit::fitBoldFace(spacing, shapes.substr(0, shapes.size() / 2)));
-        QVERIFY(!kit::fitBoldFace(spacing, std::string(4096, '\x7f')));
     }
 
     void disabledButtonAndLabelDim() {

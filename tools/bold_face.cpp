@@ -1,4 +1,4 @@
-#include "screens/bold_face.h"
+#include "tools/bold_face.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace fendle::kit {
+namespace fendle::font {
 
 namespace {
 
@@ -51,16 +51,32 @@ struct Outline {
     std::vector<int> ends;   // index of the last point of each contour
 };
 
+// What one outline can hold in the glyph format written below, and the
+// largest coordinate whose step to any other still fits its 16 bits.
+constexpr std::size_t maxPoints = 0xFFFF, maxContours = 0x7FFF;
+constexpr long maxCoordinate = 0x3FFF;
+// The work that fitting a face may take, in glyphs and points copied: the
+// game's two fonts need about 67,000; a damaged composite glyph that names
+// its parts over and over would ask for billions.
+constexpr std::size_t maxWork = std::size_t(1) << 18;
+
 // What of a TrueType face this code reads: its tables, the glyph outlines,
 // the advances and the character map.
 class Face {
 public:
-    explicit Face(std::string_view file) : file_{file} {
+    // `work`: what the faces of one fitting have spent so far.
+    Face(std::string_view file, std::size_t& work) : file_{file}, work_{work} {
         const std::uint16_t count = file_.u16(4);
+        std::size_t bytes = 0;
         for (std::uint16_t i = 0; i < count; ++i) {
             const std::size_t rec = 12 + 16 * std::size_t(i);
             const std::uint32_t tag = file_.u32(rec);
-            tables_[tag] = file_.sub(file_.u32(rec + 8), file_.u32(rec + 12));
+            const Bytes t = file_.sub(file_.u32(rec + 8), file_.u32(rec + 12));
+            // Tables lie side by side; tables laid over each other would be
+            // copied into the face written once each.
+            bytes += t.data.size();
+            if (bytes > file.size()) throw Malformed();
+            tables_[tag] = t;
         }
         const Bytes head = table("head");
         unitsPerEm_ = head.u16(18);
@@ -107,8 +123,25 @@ private:
         return glyf_.sub(from, to - from);
     }
 
+    void spend(std::size_t work) const {
+        work_ += work;
+        if (work_ > maxWork) throw Malformed();
+    }
+
+    // Adds n points, and the contours that end at `ends`, to `out`.
+    template <typename Transform>
+    void add(Outline& out, const std::vector<Point>& points, const std::vector<int>& ends, Transform at) const {
+        spend(points.size());
+        if (out.points.size() + points.size() > maxPoints || out.ends.size() + ends.size() > maxContours)
+            throw Malformed();
+        const int base = int(out.points.size());
+        for (const Point& p : points) out.points.push_back(at(p));
+        for (int e : ends) out.ends.push_back(base + e);
+    }
+
     void append(int g, Outline& out, int depth) const {
         if (depth > 8) throw Malformed();   // a component that contains itself
+        spend(1);
         const Bytes b = glyph(g);
         if (b.data.empty()) return;
         const int contours = b.i16(0);
@@ -116,7 +149,7 @@ private:
         else appendComposite(b, out, depth);
     }
 
-    static void appendSimple(const Bytes& b, int contours, Outline& out) {
+    void appendSimple(const Bytes& b, int contours, Outline& out) const {
         if (contours == 0) return;
         std::vector<int> ends;
         for (int c = 0; c < contours; ++c) {
@@ -151,9 +184,9 @@ private:
         };
         const std::vector<double> xs = coordinates(2, 16);
         const std::vector<double> ys = coordinates(4, 32);
-        const int base = int(out.points.size());
-        for (std::size_t i = 0; i < count; ++i) out.points.push_back({xs[i], ys[i], (flags[i] & 1) != 0});
-        for (int e : ends) out.ends.push_back(base + e);
+        std::vector<Point> points;
+        for (std::size_t i = 0; i < count; ++i) points.push_back({xs[i], ys[i], (flags[i] & 1) != 0});
+        add(out, points, ends, [](const Point& p) { return p; });
     }
 
     void appendComposite(const Bytes& b, Outline& out, int depth) const {
@@ -208,9 +241,7 @@ private:
                 dx = out.points[std::size_t(arg1)].x - part.points[std::size_t(arg2)].x;
                 dy = out.points[std::size_t(arg1)].y - part.points[std::size_t(arg2)].y;
             }
-            const int base = int(out.points.size());
-            for (const Point& p : part.points) out.points.push_back({p.x + dx, p.y + dy, p.on});
-            for (int e : part.ends) out.ends.push_back(base + e);
+            add(out, part.points, part.ends, [dx, dy](const Point& p) { return Point{p.x + dx, p.y + dy, p.on}; });
         } while (flags & moreComponents);
     }
 
@@ -228,12 +259,18 @@ private:
             if (format == 12 && !full) full = offset;
             if (format == 4 && !bmp) bmp = offset;
         }
+        // Groups and segments rise and do not overlap, each character
+        // names a glyph of the face: no character is visited twice.
+        std::uint32_t next = 0;
         if (full) {
             const std::uint32_t groups = cmap.u32(full + 12);
             for (std::uint32_t i = 0; i < groups; ++i) {
                 const std::size_t g = full + 16 + 12 * std::size_t(i);
                 const std::uint32_t first = cmap.u32(g), last = cmap.u32(g + 4), glyph = cmap.u32(g + 8);
-                if (last < first || last - first > 0x10FFFF) throw Malformed();
+                if (first < next || last < first || last > 0x10FFFF ||
+                    std::uint64_t(glyph) + (last - first) >= std::uint64_t(glyphCount_))
+                    throw Malformed();
+                next = last + 1;
                 for (std::uint32_t ch = first; ch <= last; ++ch) cmap_[ch] = int(glyph + (ch - first));
             }
         } else if (bmp) {
@@ -243,6 +280,8 @@ private:
             for (std::size_t s = 0; s < segments; ++s) {
                 const std::uint16_t last = cmap.u16(ends + 2 * s), first = cmap.u16(starts + 2 * s);
                 const std::uint16_t delta = cmap.u16(deltas + 2 * s), range = cmap.u16(ranges + 2 * s);
+                if (first < next || last < first) throw Malformed();
+                next = std::uint32_t(last) + 1;
                 for (std::uint32_t ch = first; ch <= last && ch != 0xFFFF; ++ch) {
                     std::uint16_t glyph;
                     if (range == 0) {
@@ -251,6 +290,7 @@ private:
                         glyph = cmap.u16(ranges + 2 * s + range + 2 * (ch - first));
                         if (glyph) glyph = std::uint16_t(glyph + delta);
                     }
+                    if (glyph >= glyphCount_) throw Malformed();
                     if (glyph) cmap_[ch] = glyph;
                 }
             }
@@ -265,6 +305,7 @@ private:
     std::vector<std::uint32_t> loca_;
     std::map<std::uint32_t, int> cmap_;
     int unitsPerEm_ = 0, glyphCount_ = 0, metricCount_ = 0;
+    std::size_t& work_;
 };
 
 // ---------------------------------------------------------------- writing
@@ -315,8 +356,10 @@ std::string encodeGlyph(const Outline& o, Box& box) {
     if (o.points.empty()) return g;
     std::vector<int> xs, ys;
     for (const Point& p : o.points) {
-        xs.push_back(int(std::lround(p.x)));
-        ys.push_back(int(std::lround(p.y)));
+        const long x = std::lround(p.x), y = std::lround(p.y);
+        if (std::abs(x) > maxCoordinate || std::abs(y) > maxCoordinate) throw Malformed();
+        xs.push_back(int(x));
+        ys.push_back(int(y));
         box.add(xs.back(), ys.back());
     }
     put16(g, int(o.ends.size()));
@@ -356,7 +399,8 @@ std::string encodeGlyph(const Outline& o, Box& box) {
 
 std::optional<std::string> fitBoldFace(std::string_view spacing, std::string_view shapes) {
     try {
-        const Face base(spacing), bold(shapes);
+        std::size_t work = 0;
+        const Face base(spacing, work), bold(shapes, work);
         const int glyphs = base.glyphCount();
 
         // One character for each glyph of the base that the character map reaches.
@@ -497,4 +541,4 @@ std::optional<std::string> fitBoldFace(std::string_view spacing, std::string_vie
     }
 }
 
-}  // namespace fendle::kit
+}  // namespace fendle::font
