@@ -80,7 +80,7 @@ const Row fen1Rows[] = {
 // The pattern label is AutoSize for "100": its width follows its text.
 float label100Width() {
     const QFontMetrics metrics(kit::makeFont(Face::Arial, 15.75, true));
-    return static_cast<float>(metrics.horizontalAdvance(QStringLiteral("100")) * kit::twipsPerPixel);
+    return static_cast<float>(kit::twips(metrics.horizontalAdvance(QStringLiteral("100"))));
 }
 
 }  // namespace

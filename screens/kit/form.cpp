@@ -56,15 +56,15 @@ void Form::closeEvent(QCloseEvent* e) {
 void Form::setClientSizeTwips(double width, double height) { setFixedSize(kit::px(width), kit::px(height)); }
 
 QSizeF Form::clientSizeTwips() const {
-    return QSizeF(width(), height()) * kit::twipsPerPixel;
+    return {kit::twips(width()), kit::twips(height())};
 }
 
 QSizeF Form::outerSizeTwips() const {
-    return QSizeF(frameGeometry().size()) * kit::twipsPerPixel;
+    return {kit::twips(frameGeometry().width()), kit::twips(frameGeometry().height())};
 }
 
-double Form::leftTwips() const { return frameGeometry().x() * double(kit::twipsPerPixel); }
-double Form::topTwips() const { return frameGeometry().y() * double(kit::twipsPerPixel); }
+double Form::leftTwips() const { return kit::twips(frameGeometry().x()); }
+double Form::topTwips() const { return kit::twips(frameGeometry().y()); }
 
 void Form::moveTwips(double left, double top) {
     centred_ = false;
@@ -74,7 +74,7 @@ void Form::moveTwips(double left, double top) {
 QSizeF Form::screenSizeTwips() const {
     const QScreen* s = screen();
     if (!s) return {};
-    return QSizeF(s->geometry().size()) * kit::twipsPerPixel;
+    return {kit::twips(s->geometry().width()), kit::twips(s->geometry().height())};
 }
 
 void Form::centre() {
