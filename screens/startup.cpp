@@ -45,23 +45,30 @@ std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
     const QCommandLineOption version = parser.addVersionOption();
     const QCommandLineOption scale(
         QStringLiteral("scale"),
-        QStringLiteral("Shows every window <scale> times its size: 1 gives the board its 800 x 600 pixels. "
-                       "Without it the board fills the screen. FENDLE_SCALE in the environment does the same."),
+        QStringLiteral("Shows every window <scale> times its size, from %1 to %2 as far as the board fits the "
+                       "screen: 1 gives the board its 800 x 600 pixels. Without it the board fills the screen. "
+                       "FENDLE_SCALE in the environment does the same.")
+            .arg(smallestScale)
+            .arg(largestScale),
         QStringLiteral("scale"));
     parser.addOption(scale);
     // The options the application object takes for itself, accepted here and
-    // left to it.
+    // left to it; --help-all lists them.
+    QStringList qtOptions;
     for (const char* name : {"platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry",
                              "qwindowtitle", "qwindowicon", "display", "geometry", "style", "stylesheet", "session"}) {
         QCommandLineOption qt(QString::fromLatin1(name), QString(), QStringLiteral("value"));
         qt.setFlags(QCommandLineOption::HiddenFromHelp);
         parser.addOption(qt);
+        qtOptions << QStringLiteral("  -%1 <value>").arg(QLatin1String(name));
     }
     for (const char* name : {"reverse", "widgetcount", "nograb", "dograb", "sync"}) {
         QCommandLineOption qt(QString::fromLatin1(name));
         qt.setFlags(QCommandLineOption::HiddenFromHelp);
         parser.addOption(qt);
+        qtOptions << QStringLiteral("  -%1").arg(QLatin1String(name));
     }
+    const QCommandLineOption helpAll(QStringLiteral("help-all"));
 
     // The usage names the program as it is known on the menu and in $PATH,
     // not by the path it was started from.
@@ -78,6 +85,13 @@ std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
     if (!parser.parse(QCoreApplication::arguments())) return usage(parser.errorText());
     if (parser.isSet(help)) {
         std::fputs(qPrintable(helpText()), stdout);
+        return 0;
+    }
+    // Qt's parser lists --help-all beside --help and answers it only in
+    // process(), which this reading does without.
+    if (parser.isSet(helpAll)) {
+        std::fputs(qPrintable(helpText()), stdout);
+        std::printf("\nQt options, passed to Qt:\n%s\n", qPrintable(qtOptions.join(QLatin1Char('\n'))));
         return 0;
     }
     if (parser.isSet(version)) {
