@@ -132,7 +132,10 @@ bool findGameFolders() {
     const std::string user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
     const FolderChoice choice = chooseGameFolders(QCoreApplication::applicationDirPath().toStdString(), user);
     if (!choice.folders) {
-        tellUser(missingDataMessage(choice, user));
+        // Said on stderr too, for a terminal or a script that sees no dialog.
+        const QString message = missingDataMessage(choice, user);
+        std::fprintf(stderr, "fendle: %s\n", qPrintable(message));
+        tellUser(message);
         return false;
     }
     useGameFolders(*choice.folders);
