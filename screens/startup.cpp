@@ -10,6 +10,7 @@
 #include <string>
 
 #include "screens/game_screens.h"
+#include "screens/languages_form.h"
 #include "screens/scale.h"
 #include "text/file_io.h"
 #include "text/game_paths.h"
@@ -112,17 +113,19 @@ std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
 
 namespace {
 
-// The message in the language of numlang.txt when a table of messages can be
-// read in one of the folders looked in; else in English.
+// The message in the language of numlang.txt, or of the desktop without one,
+// when a table of messages can be read in one of the folders looked in; else
+// in English.
 QString missingDataMessage(const FolderChoice& choice, const std::string& userFolder) {
     std::string folders;
     for (const std::string& f : choice.looked) folders += "\n" + f;
     MessageTable table;
     for (const std::string& f : choice.looked)
         if (table.read(readFileBytes(gamePath(messagesCsvFile, f)))) break;
-    std::int16_t language = 0;
+    const std::optional<std::string> saved = readFileBytes(gamePath(numlangFile, userFolder));
+    std::int16_t language = saved ? 0 : std::int16_t(desktopLanguage());
     std::string name;
-    readlanguagefile(readFileBytes(gamePath(numlangFile, userFolder)), language, name);
+    readlanguagefile(saved, language, name);
     return QString::fromStdString(table.text(msg::dataFolderMissing, language, folders));
 }
 

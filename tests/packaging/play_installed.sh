@@ -48,6 +48,8 @@ export HOME=$tmp/home XDG_DATA_HOME=$tmp/home/data XDG_CONFIG_HOME=$tmp/home/con
 export XDG_CACHE_HOME=$tmp/cache XDG_RUNTIME_DIR=$tmp/runtime
 mkdir -m 0700 "$XDG_RUNTIME_DIR"
 unset FENDLE_SCALE QT_SCALE_FACTOR
+# In English, whatever the machine's locale: the clicks below are at its places.
+export LANGUAGE= LC_ALL=C.UTF-8
 cd "$tmp/cwd"
 
 if [ "$mode" = title ]; then
