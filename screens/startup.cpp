@@ -132,8 +132,13 @@ QString missingDataMessage(const FolderChoice& choice, const std::string& userFo
 }  // namespace
 
 bool findGameFolders() {
-    const std::string user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
+    // Qt 6.4 knows no state folder: it is read from the environment.
+    const std::string user = userStateFolder([](const char* name) { return qEnvironmentVariable(name).toStdString(); });
     const FolderChoice choice = chooseGameFolders(QCoreApplication::applicationDirPath().toStdString(), user);
+    // Earlier versions kept the user's files in ~/.local/share/fendle, where
+    // an install under ~/.local put the data too.
+    if (choice.folders && choice.folders->user == user)
+        moveOwnFiles(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString(), user);
     if (!choice.folders) {
         // Said on stderr too, for a terminal or a script that sees no dialog.
         const QString message = missingDataMessage(choice, user);
