@@ -35,7 +35,13 @@ namespace {
 struct ScreenFacts {
     QSize available = boardPage;
     double ratio = 1.0;
+    QRect pixels;
 };
+
+std::optional<QRect>& primaryPixels() {
+    static std::optional<QRect> pixels;
+    return pixels;
+}
 
 ScreenFacts probeScreen(int argc, char** argv) {
     // The application object takes its own options out of argv: give it a copy.
@@ -47,6 +53,8 @@ ScreenFacts probeScreen(int argc, char** argv) {
     if (const QScreen* s = QGuiApplication::primaryScreen()) {
         facts.ratio = s->devicePixelRatio();
         facts.available = (QSizeF(s->availableGeometry().size()) * facts.ratio).toSize();
+        const QRect g = s->geometry();
+        facts.pixels = QRect((QPointF(g.topLeft()) * facts.ratio).toPoint(), (QSizeF(g.size()) * facts.ratio).toSize());
     }
     return facts;
 }
@@ -82,8 +90,11 @@ std::optional<int> prepareScale(std::optional<double> asked, int argc, char** ar
         scale.reset();
     }
     if (!scale) scale = chooseScale(screen.available);
+    primaryPixels() = screen.pixels;
     qputenv("QT_SCALE_FACTOR", QByteArray::number(*scale / screen.ratio, 'g', 12));
     return std::nullopt;
 }
+
+std::optional<QRect> primaryScreenPixels() { return primaryPixels(); }
 
 }  // namespace fendle

@@ -5,6 +5,7 @@
 // pictures all grow together and text is drawn at the screen's resolution.
 #pragma once
 
+#include <QRect>
 #include <QSize>
 #include <QStringView>
 
@@ -45,5 +46,9 @@ std::optional<double> parseScale(QStringView text);
 // is refused: the reason goes to stderr and the result is the program's exit
 // status, 2; nothing when the program goes on.
 std::optional<int> prepareScale(std::optional<double> asked, int argc, char** argv);
+
+// The primary screen's place and size in its own pixels, as prepareScale
+// read them; nothing when it set no scale.
+std::optional<QRect> primaryScreenPixels();
 
 }  // namespace fendle
