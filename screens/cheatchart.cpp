@@ -28,6 +28,7 @@ constexpr Rgb oddColumn{224, 224, 224};
 constexpr Rgb evenColumn{192, 192, 192};
 
 constexpr double fixedLeft = 120;      // the fixed column, from the form's edge, at any value of the bar
+constexpr double fixedWidth = 345;
 constexpr double cellGap = 30;
 constexpr double hundredWidth = 450;   // a cell holding 100 takes three digits
 constexpr double scrollStep = 105;     // the panel moves this far for one step of the bar
@@ -53,7 +54,7 @@ constexpr int lastColumn(int multiplier) {
 
 // Element 0 of an array: a row number, or the "x" over them, in the fixed column.
 constexpr Row fixedCell(const char* name, double top, const char* caption) {
-    return Row{.name = name, .index = 0, .left = fixedLeft, .top = top, .width = 345, .height = 330,
+    return Row{.name = name, .index = 0, .left = fixedLeft, .top = top, .width = fixedWidth, .height = 330,
                .caption = caption, .size = 12, .bold = true, .fore = colour::yellow, .back = fixedGrey,
                .align = Align::Centre, .border = true, .wordWrap = false};
 }
@@ -143,7 +144,15 @@ void Cheatchart::HScroll1_Change() {
     // show a step behind the cells.
     setUpdatesEnabled(false);
     control("Frame2")->setLeftTwips(shift);
-    for (const GridRow& row : grid) control(row.array, 0)->setLeftTwips(fixedLeft - shift);
+    // The panel moves by steps that are no whole number of cells: a cell
+    // that has slid under the row numbers, or into the gap beside them, is
+    // hidden whole, so that no sliver of it shows there.
+    const double firstShown = fixedLeft + fixedWidth + cellGap;
+    for (const GridRow& row : grid) {
+        for (kit::Control* cell : controls().array(row.array))
+            if (cell->index() > 0) cell->setVisible(cell->leftTwips() + shift >= firstShown);
+        control(row.array, 0)->setLeftTwips(fixedLeft - shift);
+    }
     setUpdatesEnabled(true);
 }
 

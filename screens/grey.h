@@ -16,6 +16,7 @@ public:
 
 protected:
     void changeEvent(QEvent* e) override;
+    void showEvent(QShowEvent* e) override;
 };
 
 }  // namespace fendle

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "screens/game_screens.h"
 #include "screens/kit/native.h"
@@ -62,11 +63,21 @@ constexpr Row languagesRows[] = {
 
 std::span<const kit::Row> Languages::rows() { return languagesRows; }
 
+int desktopLanguage() {
+    return localeLanguage([](const char* name) {
+        const char* value = std::getenv(name);
+        return std::string(value ? value : "");
+    });
+}
+
 void readlanguagefile(Module1& module) {
     ModuleState& s = module.state;
-    readlanguagefile(readFileBytes(gamePath(numlangFile)), s.languagenumber, s.languagename);
-    if (module.unsavedLanguage) {
-        s.languagenumber = *module.unsavedLanguage;
+    const std::optional<std::string> saved = readFileBytes(gamePath(numlangFile));
+    readlanguagefile(saved, s.languagenumber, s.languagename);
+    std::optional<i16> chosen = module.unsavedLanguage;
+    if (!saved && !chosen) chosen = i16(desktopLanguage());
+    if (chosen) {
+        s.languagenumber = *chosen;
         s.languagename = languageName(s.languagenumber).value_or("English");
     }
 }

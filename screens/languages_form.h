@@ -47,7 +47,11 @@ private:
 
 // readlanguagefile for the screens that read numlang.txt: the file's
 // language, unless a choice made on the language screen during this run could
-// not be written there, which then stands until the program ends.
+// not be written there, which then stands until the program ends. Without
+// the file (the first start), the language the desktop's locale asks for.
 void readlanguagefile(Module1& module);
+
+// The language of this process's locale (localeLanguage), 0 to 6.
+int desktopLanguage();
 
 }  // namespace fendle

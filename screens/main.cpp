@@ -31,7 +31,7 @@ public:
 int main(int argc, char* argv[]) {
     fendle::CommandLine options;
     if (const auto ended = fendle::readCommandLine(argc, argv, options)) return *ended;
-    fendle::prepareScale(options.scale, argc, argv);
+    if (const auto ended = fendle::prepareScale(options.scale, argc, argv)) return *ended;
 
     QApplication app(argc, argv);
     fendle::nameApplication();

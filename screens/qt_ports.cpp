@@ -154,7 +154,31 @@ bool isPlayableWave(const QString& path) {
 
 // ---------------------------------------------------------------- QtSound
 
-QtSound::QtSound() = default;
+namespace {
+
+// Qt warns "No audio device detected" at every sound it cannot play for want
+// of a device: once is enough for a log. Every other message goes on to the
+// handler there was.
+QtMessageHandler otherMessages = nullptr;
+
+void sayNoDeviceOnce(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    static bool said = false;
+    if (text == QLatin1String("No audio device detected")) {
+        if (said) return;
+        said = true;
+    }
+    otherMessages(type, context, text);
+}
+
+}  // namespace
+
+QtSound::QtSound() {
+    static const bool installed = [] {
+        otherMessages = qInstallMessageHandler(sayNoDeviceOnce);
+        return true;
+    }();
+    (void)installed;
+}
 QtSound::~QtSound() = default;
 
 bool QtSound::play(std::string_view filename) {

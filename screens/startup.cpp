@@ -10,6 +10,7 @@
 #include <string>
 
 #include "screens/game_screens.h"
+#include "screens/languages_form.h"
 #include "screens/scale.h"
 #include "text/file_io.h"
 #include "text/game_paths.h"
@@ -45,23 +46,30 @@ std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
     const QCommandLineOption version = parser.addVersionOption();
     const QCommandLineOption scale(
         QStringLiteral("scale"),
-        QStringLiteral("Shows every window <scale> times its size: 1 gives the board its 800 x 600 pixels. "
-                       "Without it the board fills the screen. FENDLE_SCALE in the environment does the same."),
+        QStringLiteral("Shows every window <scale> times its size, from %1 to %2 as far as the board fits the "
+                       "screen: 1 gives the board its 800 x 600 pixels. Without it the board fills the screen. "
+                       "FENDLE_SCALE in the environment does the same.")
+            .arg(smallestScale)
+            .arg(largestScale),
         QStringLiteral("scale"));
     parser.addOption(scale);
     // The options the application object takes for itself, accepted here and
-    // left to it.
+    // left to it; --help-all lists them.
+    QStringList qtOptions;
     for (const char* name : {"platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry",
                              "qwindowtitle", "qwindowicon", "display", "geometry", "style", "stylesheet", "session"}) {
         QCommandLineOption qt(QString::fromLatin1(name), QString(), QStringLiteral("value"));
         qt.setFlags(QCommandLineOption::HiddenFromHelp);
         parser.addOption(qt);
+        qtOptions << QStringLiteral("  -%1 <value>").arg(QLatin1String(name));
     }
     for (const char* name : {"reverse", "widgetcount", "nograb", "dograb", "sync"}) {
         QCommandLineOption qt(QString::fromLatin1(name));
         qt.setFlags(QCommandLineOption::HiddenFromHelp);
         parser.addOption(qt);
+        qtOptions << QStringLiteral("  -%1").arg(QLatin1String(name));
     }
+    const QCommandLineOption helpAll(QStringLiteral("help-all"));
 
     // The usage names the program as it is known on the menu and in $PATH,
     // not by the path it was started from.
@@ -78,6 +86,13 @@ std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
     if (!parser.parse(QCoreApplication::arguments())) return usage(parser.errorText());
     if (parser.isSet(help)) {
         std::fputs(qPrintable(helpText()), stdout);
+        return 0;
+    }
+    // Qt's parser lists --help-all beside --help and answers it only in
+    // process(), which this reading does without.
+    if (parser.isSet(helpAll)) {
+        std::fputs(qPrintable(helpText()), stdout);
+        std::printf("\nQt options, passed to Qt:\n%s\n", qPrintable(qtOptions.join(QLatin1Char('\n'))));
         return 0;
     }
     if (parser.isSet(version)) {
@@ -98,27 +113,37 @@ std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out) {
 
 namespace {
 
-// The message in the language of numlang.txt when a table of messages can be
-// read in one of the folders looked in; else in English.
+// The message in the language of numlang.txt, or of the desktop without one,
+// when a table of messages can be read in one of the folders looked in; else
+// in English.
 QString missingDataMessage(const FolderChoice& choice, const std::string& userFolder) {
     std::string folders;
     for (const std::string& f : choice.looked) folders += "\n" + f;
     MessageTable table;
     for (const std::string& f : choice.looked)
         if (table.read(readFileBytes(gamePath(messagesCsvFile, f)))) break;
-    std::int16_t language = 0;
+    const std::optional<std::string> saved = readFileBytes(gamePath(numlangFile, userFolder));
+    std::int16_t language = saved ? 0 : std::int16_t(desktopLanguage());
     std::string name;
-    readlanguagefile(readFileBytes(gamePath(numlangFile, userFolder)), language, name);
+    readlanguagefile(saved, language, name);
     return QString::fromStdString(table.text(msg::dataFolderMissing, language, folders));
 }
 
 }  // namespace
 
 bool findGameFolders() {
-    const std::string user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
+    // Qt 6.4 knows no state folder: it is read from the environment.
+    const std::string user = userStateFolder([](const char* name) { return qEnvironmentVariable(name).toStdString(); });
     const FolderChoice choice = chooseGameFolders(QCoreApplication::applicationDirPath().toStdString(), user);
+    // Earlier versions kept the user's files in ~/.local/share/fendle, where
+    // an install under ~/.local put the data too.
+    if (choice.folders && choice.folders->user == user)
+        moveOwnFiles(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString(), user);
     if (!choice.folders) {
-        tellUser(missingDataMessage(choice, user));
+        // Said on stderr too, for a terminal or a script that sees no dialog.
+        const QString message = missingDataMessage(choice, user);
+        std::fprintf(stderr, "fendle: %s\n", qPrintable(message));
+        tellUser(message);
         return false;
     }
     useGameFolders(*choice.folders);

@@ -20,8 +20,9 @@ struct CommandLine {
 // 2. Nothing when the game is to start.
 std::optional<int> readCommandLine(int argc, char** argv, CommandLine& out);
 
-// The program's names: "fendle" for its files and folders (the user folder is
-// ~/.local/share/fendle), "Fendle!" where a title shows, and its version.
+// The program's names: "fendle" for its files and folders (the user folder of
+// earlier versions was ~/.local/share/fendle), "Fendle!" where a title shows,
+// and its version.
 void nameApplication();
 
 // Finds the data folder and the user folder (text/game_paths.h) for the

@@ -8,6 +8,7 @@
 // as the tests that run in a copy of the game folder expect.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,5 +47,18 @@ struct FolderChoice {
     std::vector<std::string> looked;
 };
 FolderChoice chooseGameFolders(const std::string& programFolder, const std::string& userDataFolder);
+
+// The user folder of an installed game: "fendle" in XDG's state folder,
+// $XDG_STATE_HOME when that is an absolute path, else ~/.local/state, which
+// no install prefix reaches. `variable` gives the value of an environment
+// variable, empty when it is not set.
+std::string userStateFolder(const std::function<std::string(const char* variable)>& variable);
+
+// Moves the game's own files from the user folder of earlier versions
+// (~/.local/share/fendle) into `to`, made with mode 0700 if it is not there.
+// A file is never lost: one that `to` already has of the same name stays
+// where it is, and one that cannot be moved is left in place. Gives the
+// names of the files moved.
+std::vector<std::string> moveOwnFiles(const std::string& from, const std::string& to);
 
 }  // namespace fendle

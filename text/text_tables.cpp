@@ -4,6 +4,8 @@
 #include "text/listinput.h"
 #include "text/messages.h"
 
+#include <algorithm>
+
 namespace fendle {
 
 namespace {
@@ -64,6 +66,27 @@ void readlanguagefile(std::optional<std::string_view> numlang, std::int16_t& lan
     if (!(value >= 0 && value < textedLanguages) || value != static_cast<double>(static_cast<int>(value))) return;
     languagenumber = static_cast<std::int16_t>(value);
     languagename = *languageName(languagenumber);
+}
+
+int localeLanguage(const std::function<std::string(const char* variable)>& variable) {
+    // Language 0 to 6 by its two-letter code.
+    static constexpr std::array<std::string_view, textedLanguages> codes = {"en", "fr", "de", "es", "it", "nl", "cy"};
+    std::string locale;
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (locale = variable(name); !locale.empty()) break;
+    std::string asked = locale;
+    if (locale.empty() || locale == "C" || locale == "POSIX") asked.clear();
+    else if (std::string list = variable("LANGUAGE"); !list.empty()) asked = list;
+    // "fr_FR.UTF-8@euro:de" -> "fr", "de"
+    for (std::size_t start = 0; start < asked.size();) {
+        const std::size_t end = std::min(asked.find(':', start), asked.size());
+        const std::string_view entry(asked.data() + start, end - start);
+        const std::string_view code = entry.substr(0, entry.find_first_of("_.@"));
+        for (std::size_t i = 0; i < codes.size(); ++i)
+            if (code == codes[i]) return int(i);
+        start = end + 1;
+    }
+    return 0;
 }
 
 std::string numlangText(int languagenumber) {

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -57,6 +58,14 @@ std::optional<std::string_view> languageName(int languagenumber);
 // `languagenumber` as it was and sets `languagename` to "English".
 void readlanguagefile(std::optional<std::string_view> numlang, std::int16_t& languagenumber,
                       std::string& languagename);
+
+// The language a user's locale asks for, where numlang.txt holds no choice
+// yet: read as gettext reads it, the list in LANGUAGE ("fr_CA:fr:en") unless
+// the locale is "C" or "POSIX", else the first of LC_ALL, LC_MESSAGES and
+// LANG that is set. The first of languages 0 to 6 named there wins; 0,
+// English, when none is. `variable` gives the value of an environment
+// variable, empty when it is not set.
+int localeLanguage(const std::function<std::string(const char* variable)>& variable);
 
 // The one line of numlang.txt: the digits of the number and CR LF; and its
 // writing at `path`, whole or not at all (false leaves the old file).

@@ -454,10 +454,10 @@ QImage logoPicture(int ratio) {
     drawCounter(p, at[0], counterRadius * s, player(3), false);
     drawCounter(p, at[1], counterRadius * s, player(0), false);
     drawCounter(p, at[2], counterRadius * s, player(1), false);
-    edgedText(p, QPointF(50, 96), tahomaFont(21), QStringLiteral("Fendle!"), QColor(255, 214, 64),
+    // The name alone, which needs no translating: the one picture serves
+    // every language.
+    edgedText(p, QPointF(50, 106), tahomaFont(21), QStringLiteral("Fendle!"), QColor(255, 214, 64),
               QColor(0, 0, 0), 0);
-    edgedText(p, QPointF(50, 118), arialFont(15, false), QStringLiteral("Team"),
-              QColor(225, 232, 255), QColor(0, 0, 0), 0);
     return img;
 }
 

@@ -32,18 +32,24 @@ struct Writer {
         if (!root.mkpath(folder)) ++failures;
         return root.filePath(folder + '/' + file);
     }
-    // A picture and its "@2x" twin (fendle3.bmp, fendle3@2x.bmp), drawn by
-    // the same code at twice the resolution, for screens at a larger scale.
+    // A picture and its "@2x" twin, drawn by the same code at twice the
+    // resolution, for screens at a larger scale. The twin is the program's
+    // own: a bitmap's is a PNG, the same pixels in a fifth of the room or
+    // less (fendle3.bmp, fendle3@2x.png); a JPEG's stays a JPEG, which PNG
+    // would make three times larger (logo2.jpg, logo2@2x.jpg).
     void picture(const QString& folder, const QString& file, const std::function<QImage(int ratio)>& draw) {
         const qsizetype dot = file.lastIndexOf(QLatin1Char('.'));
+        const QString suffix = file.mid(dot);
         save(folder, file, draw(1));
-        save(folder, file.left(dot) + QStringLiteral("@2x") + file.mid(dot), draw(2));
+        save(folder, file.left(dot) + QStringLiteral("@2x") + (suffix == QLatin1String(".bmp") ? QStringLiteral(".png") : suffix),
+             draw(2));
     }
     void save(const QString& folder, const QString& file, const QImage& img) {
         const QString target = path(folder, file);
         const bool jpeg = file.endsWith(QLatin1String(".jpg"));
+        const char* format = jpeg ? "JPG" : file.endsWith(QLatin1String(".png")) ? "PNG" : "BMP";
         // Fixed quality: the same picture gives the same bytes.
-        if (!img.save(target, jpeg ? "JPG" : "BMP", jpeg ? 92 : -1)) {
+        if (!img.save(target, format, jpeg ? 92 : -1)) {
             std::fprintf(stderr, "make_assets: cannot write %s\n", qPrintable(target));
             ++failures;
         }

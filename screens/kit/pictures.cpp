@@ -36,7 +36,7 @@ QString twinPath(const QString& path) {
     const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
     const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
     if (dot <= slash + 1) return path + QStringLiteral("@2x");
-    return path.left(dot) + QStringLiteral("@2x") + path.mid(dot);
+    return path.left(dot) + QStringLiteral("@2x") + (path.mid(dot) == QLatin1String(".bmp") ? QStringLiteral(".png") : path.mid(dot));
 }
 
 QPixmap loadPicture(std::string_view file) {

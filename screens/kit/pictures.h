@@ -21,7 +21,7 @@ namespace kit {
 // where there is one, with a device pixel ratio of 2, so that it shows at the
 // same size. Pictures are cached by host path, size and time of change.
 QPixmap loadPicture(std::string_view file);
-// "Images/fendle3.bmp" -> "Images/fendle3@2x.bmp".
+// "Images/fendle3.bmp" -> "Images/fendle3@2x.png", "images/end.jpg" -> "images/end@2x.jpg".
 QString twinPath(const QString& path);
 
 }  // namespace kit

@@ -126,8 +126,12 @@ private slots:
             for (const ChartRow& row : chart) {
                 const kit::Control* first = f->control(row.array, 0);
                 QCOMPARE(onForm(f, first), QPoint(px(120), px(120 + 360 * row.r)));
-                // In front of the cells that pass under it.
+                // In front of the cells that pass under it; no sliver of a
+                // cell shows beside it: a cell that has slid under it, or into
+                // the gap after it, is hidden whole.
                 QCOMPARE(f->childAt(onForm(f, first) + QPoint(px(345) / 2, px(330) / 2)), first->widget());
+                for (int j = 1; j <= row.last; ++j)
+                    QCOMPARE(f->control(row.array, j)->widget()->isVisible(), 120 + 375 * j - 105 * v >= 120 + 345 + 30);
             }
         }
         // At the end, column 50 stands 8370 from the form's edge, inside the window.

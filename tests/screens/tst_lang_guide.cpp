@@ -70,6 +70,30 @@ private slots:
         }
     }
 
+    // Before any choice is saved the title screen opens in the desktop's
+    // language; a saved choice wins over it.
+    void theDesktopLanguageUntilAChoiceIsSaved() {
+        const struct {
+            const char *language, *lang, *numlang;
+            int number;
+        } cases[] = {
+            {"", "fr_FR.UTF-8", nullptr, 1},
+            {"cy:de", "de_DE.UTF-8", nullptr, 6},
+            {"", "de_DE.UTF-8", "0\r\n", 0},
+        };
+        const QByteArray all = qgetenv("LC_ALL");
+        for (const auto& c : cases) {
+            qputenv("LC_ALL", "");
+            qputenv("LANGUAGE", c.language);
+            qputenv("LANG", c.lang);
+            GameRun g;
+            if (c.numlang) g.write("numlang.txt", c.numlang);
+            g.open();
+            QCOMPARE(g.module->state.languagenumber, c.number);
+        }
+        qputenv("LC_ALL", all);
+    }
+
     // Each click turns the whole screen into the language clicked, at once;
     // OK keeps the last one in a file of one line and opens the title screen
     // in it. The column stays where the design width puts it.

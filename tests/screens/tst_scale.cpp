@@ -121,8 +121,9 @@ private slots:
 
     void explicitScales() {
         const std::pair<const char*, std::optional<double>> cases[] = {
-            {"1", 1.0}, {"1.5", 1.5}, {" 2 ", 2.0}, {"0.5", 0.5}, {"8", 8.0},
-            {"0.4", std::nullopt}, {"8.5", std::nullopt}, {"", std::nullopt}, {"two", std::nullopt},
+            {"1", 1.0}, {"1.5", 1.5}, {" 2 ", 2.0}, {"8", 8.0},
+            // Qt 6.4 paints widgets at 1 in a window laid out smaller.
+            {"0.99", std::nullopt}, {"0.5", std::nullopt}, {"8.5", std::nullopt}, {"", std::nullopt}, {"two", std::nullopt},
             {"nan", std::nullopt}, {"inf", std::nullopt}, {"1,5", std::nullopt},
         };
         for (const auto& [text, want] : cases) QVERIFY2(parseScale(QString::fromLatin1(text)) == want, text);

@@ -109,5 +109,41 @@ TEST(GamePaths, OwnFilesGoToTheUserFolderWhichTheFirstWriteMakes) {
     EXPECT_FALSE(fs::exists(tree.at("share/fendle/missing")));
 }
 
+TEST(GamePaths, TheUserFolderIsTheStateFolderAndTakesOverTheOldOne) {
+    const auto env = [](const char* state) {
+        return [state](const char* name) { return std::string(std::string_view(name) == "HOME" ? "/home/p" : state); };
+    };
+    EXPECT_EQ(userStateFolder(env("")), "/home/p/.local/state/fendle");
+    EXPECT_EQ(userStateFolder(env("/var/st")), "/var/st/fendle");
+    EXPECT_EQ(userStateFolder(env("rel/st")), "/home/p/.local/state/fendle") << "a relative path is not taken";
+
+    // The old folder is also the data folder of an install under ~/.local.
+    // The new folder has a high-score table already: the old one stays.
+    // Moved within one file system, and onto another (/dev/shm) where there is one.
+    for (const bool acrossFileSystems : {false, true}) {
+        SCOPED_TRACE(acrossFileSystems ? "across file systems" : "on one file system");
+        TempTree tree;
+        const fs::path elsewhere = fs::path("/dev/shm") / ("fendle_paths_" + std::to_string(::getpid()));
+        if (acrossFileSystems && !fs::is_directory("/dev/shm")) continue;
+        const std::string old = tree.at("share/fendle");
+        const std::string now = acrossFileSystems ? (elsewhere / "state/fendle").string() : tree.at("state/fendle");
+        tree.dataIn("share/fendle");
+        for (const char* name : {"numlang.txt", "lastgame.inf", "highscores.txt"})
+            std::ofstream(old + "/" + name) << "old " << name;
+        fs::create_directories(now);
+        std::ofstream(now + "/highscores.txt") << "new";
+
+        EXPECT_EQ(moveOwnFiles(old, now), (std::vector<std::string>{"numlang.txt", "lastgame.inf"}));
+        EXPECT_EQ(readFileBytes(now + "/numlang.txt"), "old numlang.txt");
+        EXPECT_EQ(readFileBytes(now + "/lastgame.inf"), "old lastgame.inf");
+        EXPECT_EQ(readFileBytes(now + "/highscores.txt"), "new");
+        EXPECT_EQ(readFileBytes(old + "/highscores.txt"), "old highscores.txt");
+        EXPECT_FALSE(fs::exists(old + "/numlang.txt") || fs::exists(old + "/lastgame.inf"));
+        EXPECT_TRUE(fs::exists(old + "/text/text.csv"));
+        EXPECT_TRUE(moveOwnFiles(old, now).empty());
+        fs::remove_all(elsewhere);
+    }
+}
+
 }  // namespace
 }  // namespace fendle

@@ -47,6 +47,31 @@ TEST(NumlangFile, OnlyAWholeNumberFromZeroToSixIsTaken) {
     EXPECT_EQ(numlangText(5), "5\r\n");
 }
 
+TEST(NumlangFile, WithoutOneTheLocaleChoosesAsGettextReadsIt) {
+    struct Case { const char* language; const char* all; const char* messages; const char* lang; int number; };
+    const Case cases[] = {
+        {"", "", "", "", 0},                            // nothing set: English
+        {"", "", "", "de_DE.UTF-8", 2},
+        {"", "", "cy_GB.UTF-8", "de_DE.UTF-8", 6},      // LC_MESSAGES before LANG
+        {"", "nl_BE.UTF-8@euro", "cy_GB", "de_DE", 5},  // LC_ALL before both
+        {"ja:it:fr", "", "", "de_DE.UTF-8", 4},         // the first of the seven in the list
+        {"pt_BR:ja", "", "", "fr_FR.UTF-8", 0},         // none of them listed: English, not LANG
+        {"es", "C", "", "fr_FR.UTF-8", 0},              // LANGUAGE is not read in the C locale
+        {"es", "", "", "POSIX", 0},
+        {"es", "", "", "", 0},                          // nor when no locale is set
+        {"", "", "", "C.UTF-8", 0},
+        {"", "", "", "fy_NL.UTF-8", 0},                 // Frisian is not Dutch
+    };
+    for (const Case& c : cases) {
+        const auto variable = [&c](const char* name) {
+            const std::string_view n(name);
+            return std::string(n == "LANGUAGE" ? c.language : n == "LC_ALL" ? c.all : n == "LC_MESSAGES" ? c.messages
+                               : n == "LANG"   ? c.lang : "");
+        };
+        EXPECT_EQ(localeLanguage(variable), c.number) << c.language << "|" << c.all << "|" << c.messages << "|" << c.lang;
+    }
+}
+
 TEST(TextTables, LoadFillsColumnByLanguageAndRowAndCallsSettexts) {
     auto tables = std::make_unique<TextTables>();
     std::string rules = csv(rulesCsvRows);
