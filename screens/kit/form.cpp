@@ -41,6 +41,12 @@ void Form::refreshWindowName() {
     if (!windowName_) return;
     const QString now = windowName();
     if (accessibleName() != now) setAccessibleName(now);
+    // The title bar and the task bar name the screen too. The desktop puts
+    // the program's name after a window's own title ("Set up the game —
+    // Fendle!"), so a name that begins with it gives the title the rest.
+    const QString program = QStringLiteral("Fendle! \u2013 ");
+    const QString title = now.startsWith(program) ? now.mid(program.size()) : now;
+    if (windowTitle() != title) setWindowTitle(title);
 }
 
 void Form::closeRequested() { module_.screens.unload(name_); }

@@ -81,7 +81,8 @@ public:
     void setWindowName(const Message& m, std::string_view arg = {});
     // That name in the current language; empty when the screen has none.
     QString windowName() const;
-    // Brings accessibleName() up to the current language (textshow does).
+    // Brings accessibleName() and the window's title up to the current
+    // language (textshow does).
     void refreshWindowName();
 
     // Back colour and a picture drawn at the top left of the client area.
