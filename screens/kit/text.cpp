@@ -76,13 +76,14 @@ double contrast(const QColor& a, const QColor& b) {
 
 void paintSunkenEdge(QPainter& p, QRect r) {
     const QColor shadow(128, 128, 128), darkShadow(64, 64, 64), light(192, 192, 192), hilight(255, 255, 255);
+    // Each side a row or a column of whole pixels of the page, filled rather
+    // than stroked: at a scale that is no whole number a stroke is a pixel of
+    // the screen wide and leaves the rest of the box's last column unpainted.
     auto edge = [&p](QRect q, QColor topLeft, QColor bottomRight) {
-        p.setPen(topLeft);
-        p.drawLine(q.topLeft(), q.topRight());
-        p.drawLine(q.topLeft(), q.bottomLeft());
-        p.setPen(bottomRight);
-        p.drawLine(q.bottomLeft(), q.bottomRight());
-        p.drawLine(q.topRight(), q.bottomRight());
+        p.fillRect(QRect(q.left(), q.top(), q.width(), 1), topLeft);
+        p.fillRect(QRect(q.left(), q.top(), 1, q.height()), topLeft);
+        p.fillRect(QRect(q.left(), q.bottom(), q.width(), 1), bottomRight);
+        p.fillRect(QRect(q.right(), q.top(), 1, q.height()), bottomRight);
     };
     edge(r, shadow, hilight);
     edge(r.adjusted(1, 1, -1, -1), darkShadow, light);

@@ -157,7 +157,42 @@ private slots:
         QCOMPARE(two.pictures.size(), one.pictures.size());
         for (const auto& [key, ratio] : two.pictures) QCOMPARE(key + ' ' + QString::number(ratio), key + " 2");
     }
+
+    // At a scale that is no whole number (1.625 on a 1080p screen) a bordered
+    // label or button is edged to its last column and row of the screen's
+    // pixels, with no dark line left between its edge and what is behind it.
+    void bordersReachTheEdgeAtAFractionalScale() {
+        QProcess run;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1.625"));
+        run.setProcessEnvironment(env);
+        run.start(QCoreApplication::applicationFilePath(), {QStringLiteral("edges")});
+        QVERIFY(run.waitForFinished(60000));
+        QVERIFY2(run.exitCode() == 0, run.readAllStandardOutput().constData());
+    }
 };
+
+// The bordered labels and buttons of the title and set-up screens whose last
+// column or row of pixels is not the edge's white.
+int unedged() {
+    testing::GameRun run;
+    int faults = 0;
+    const auto check = [&faults](Form* f) {
+        for (QWidget* w : f->findChildren<QWidget*>()) {
+            const kit::Control* c = kit::Control::of(w);
+            if (!c || !c->row().border || !w->isVisible()) continue;
+            const QImage img = w->grab().toImage();
+            const QRgb right = img.pixel(img.width() - 1, img.height() / 2), foot = img.pixel(img.width() / 2, img.height() - 1);
+            if (right == foot && qRed(right) == 255 && qGreen(right) == 255 && qBlue(right) == 255) continue;
+            std::printf("%s %s: edge %08x %08x\n", f->name().c_str(), qPrintable(testing::controlName(c)), right, foot);
+            ++faults;
+        }
+    };
+    run.open();
+    check(run.screen("Titlefrm"));
+    check(run.setUp());
+    return faults;
+}
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -167,6 +202,7 @@ int main(int argc, char** argv) {
         for (const auto& [key, ratio] : layout.pictures) std::printf("picture\t%s\t%g\n", qPrintable(key), ratio);
         return 0;
     }
+    if (argc == 2 && QByteArrayView(argv[1]) == "edges") return unedged();
     TestScale test;
     return QTest::qExec(&test, argc, argv);
 }
