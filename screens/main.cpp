@@ -2,7 +2,6 @@
 // windows, finds its data beside itself or under its prefix, and starts by
 // opening the title screen.
 #include <QApplication>
-#include <QIcon>
 #include <QTimer>
 
 #include <cstdlib>
@@ -31,12 +30,13 @@ public:
 int main(int argc, char* argv[]) {
     fendle::CommandLine options;
     if (const auto ended = fendle::readCommandLine(argc, argv, options)) return *ended;
-    if (const auto ended = fendle::prepareScale(options.scale, argc, argv)) return *ended;
+    const fendle::ScaleChoice scale = fendle::prepareScale(options.scale);
 
     QApplication app(argc, argv);
+    if (const auto ended = fendle::applyScale(scale)) return *ended;
     fendle::nameApplication();
-    QApplication::setWindowIcon(QIcon::fromTheme(QString::fromLatin1(fendle::applicationId)));
     if (!fendle::findGameFolders()) return 1;
+    QApplication::setWindowIcon(fendle::applicationIcon());
     // The program ends only by its own Exit buttons, never because a window
     // closed while the next one was opening.
     QApplication::setQuitOnLastWindowClosed(false);

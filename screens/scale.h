@@ -1,11 +1,13 @@
 // One scale for the whole program. Every window is laid out in twips for a
 // page of 800 x 600 pixels; the scale says how many pixels of the screen one
 // of those pixels takes. It is applied through Qt's device-independent
-// pixels before the application object exists, so that twips, fonts and
-// pictures all grow together and text is drawn at the screen's resolution.
+// pixels once the application object exists and before any window does, so
+// that twips, fonts and pictures all grow together and text is drawn at the
+// screen's resolution.
 #pragma once
 
 #include <QRect>
+#include <QString>
 #include <QSize>
 #include <QStringView>
 
@@ -37,17 +39,29 @@ double largestFit(QSize available);
 // largestScale.
 std::optional<double> parseScale(QStringView text);
 
-// Decides the scale before the QApplication is made: `asked` (the command
-// line's), else FENDLE_SCALE, else a QT_SCALE_FACTOR the user set, else the
-// choice for the primary screen. Sets QT_SCALE_FACTOR so that one pixel of
-// the page is `scale` pixels of the screen, whatever the desktop's own ratio.
-// A FENDLE_SCALE that is no scale, or too large for the screen, is reported
-// on stderr and passed over. A command line's scale too large for the screen
-// is refused: the reason goes to stderr and the result is the program's exit
-// status, 2; nothing when the program goes on.
-std::optional<int> prepareScale(std::optional<double> asked, int argc, char** argv);
+// The scale asked for: the command line's, else FENDLE_SCALE; none when the
+// screen decides. A QT_SCALE_FACTOR the user set stands when no scale of
+// ours was asked for.
+struct ScaleChoice {
+    std::optional<double> scale;
+    bool asked = false;          // the scale is the command line's
+    QString fromEnvironment;     // FENDLE_SCALE as it stood
+    bool usersFactor = false;    // the user's QT_SCALE_FACTOR stands
+};
 
-// The primary screen's place and size in its own pixels, as prepareScale
+// Before the QApplication is made: what was asked for. A FENDLE_SCALE that
+// is no scale is reported on stderr and passed over.
+ScaleChoice prepareScale(std::optional<double> asked);
+
+// Once the QApplication exists, before any window: one pixel of the page
+// becomes the chosen scale (else the choice for the primary screen) in
+// pixels of the screen, whatever the desktop's own ratio. A FENDLE_SCALE too
+// large for the screen is reported on stderr and passed over; a command
+// line's scale too large for it is refused: the reason goes to stderr and
+// the result is the program's exit status, 2; nothing when it goes on.
+std::optional<int> applyScale(const ScaleChoice& choice);
+
+// The primary screen's place and size in its own pixels, as applyScale
 // read them; nothing when it set no scale.
 std::optional<QRect> primaryScreenPixels();
 

@@ -3,6 +3,7 @@
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QStandardPaths>
 
@@ -130,6 +131,16 @@ QString missingDataMessage(const FolderChoice& choice, const std::string& userFo
 }
 
 }  // namespace
+
+QIcon applicationIcon() {
+    QIcon icon;
+    const QString hicolor = QString::fromStdString(gameFolders().data) + QStringLiteral("/../icons/hicolor/");
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        const QString file = hicolor + QStringLiteral("%1x%1/apps/%2.png").arg(size).arg(QLatin1String(applicationId));
+        if (QFileInfo::exists(file)) icon.addFile(file, QSize(size, size));
+    }
+    return icon;
+}
 
 bool findGameFolders() {
     // Qt 6.4 knows no state folder: it is read from the environment.

@@ -2,6 +2,8 @@
 // names itself to the desktop, and finds its folders.
 #pragma once
 
+#include <QIcon>
+
 #include <optional>
 
 namespace fendle {
@@ -29,5 +31,10 @@ void nameApplication();
 // program where it runs, and uses them. Without a data folder it tells the
 // user where it looked, and gives false.
 bool findGameFolders();
+
+// The program's icon, from the files installed beside its data
+// (<data>/../icons/hicolor/<n>x<n>/apps/), read when a window first shows
+// it; no icon theme is searched. Null when none is there.
+QIcon applicationIcon();
 
 }  // namespace fendle
