@@ -17,7 +17,7 @@ QString hostPath(std::string_view name);
 namespace kit {
 
 // A picture file by the game's name; a null pixmap when it cannot be read.
-// When the program runs at a scale above 1, the file's "@2x" twin is taken
+// When the program runs at a scale of 1.5 or more, the file's "@2x" twin is taken
 // where there is one, with a device pixel ratio of 2, so that it shows at the
 // same size. Pictures are cached by host path, size and time of change.
 QPixmap loadPicture(std::string_view file);
