@@ -36,7 +36,7 @@ constexpr Row guideRows[] = {
     {.name = "Label4", .left = 120, .top = 0, .width = 5355, .height = 1215, .caption = "FENDLE!", .font = Face::Tahoma,
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label7", .left = 4920, .top = 225, .width = 255, .height = 165, .caption = "TM", .font = Face::Tahoma,
-     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     {.name = "Label2", .left = 120, .top = 1200, .width = 5385, .height = 600, .caption = "Teachers' Guide",
      .size = 20.25, .bold = true, .fore = colour::yellow, .transparent = true, .align = Align::Centre},
     text(2, 1800, 5160, 1680, helpText, true),
