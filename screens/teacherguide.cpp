@@ -16,10 +16,11 @@ using kit::Row;
 constexpr int exitButton = 0;
 
 // What a teacher needs to know, in the three text boxes of the page. The
-// word joiners (U+2060) keep the folder's name on one line.
+// word joiners (U+2060) keep the folder's name, and "colour-blind", on one
+// line.
 constexpr const char* helpText =
-    "Fendle! is simple to use. If you have any difficulty installing or using it, the README that comes "
-    "with the game tells you how, and where to report a problem.";
+    "Fendle! is simple to use. The README that comes with the game tells you how to install it, and where "
+    "to report a problem. For colour-\u2060blind pupils, tick Shapes on counters on the set-up screen.";
 constexpr const char* filesText =
     "The saved game and the high scores are kept in your home folder, in .local/\u2060share/\u2060fendle.";
 constexpr const char* resetText =

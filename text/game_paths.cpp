@@ -27,7 +27,8 @@ bool writableFolder(const std::string& folder) { return ::access(folder.c_str(),
 }  // namespace
 
 bool isUserFile(std::string_view gameName) {
-    static constexpr std::array<std::string_view, 3> own = {"numlang.txt", "lastgame.inf", "highscores.txt"};
+    static constexpr std::array<std::string_view, 4> own = {"numlang.txt", "lastgame.inf", "highscores.txt",
+                                                            "countermarks.txt"};
     for (std::string_view name : own)
         if (gameName == name) return true;
     return false;
