@@ -121,7 +121,7 @@ void Fen1::previousposition() {
         if (owner > 0 && owner <= 4) {
             const bool prime = model.Label1[at(i)].fore == colour::black;
             model.Label1[at(i)].visible = false;
-            model.Image1[at(i)].picture = counterPicture(i, players[at(owner - 1)].prefix, prime);
+            model.Image1[at(i)].picture = counterOf(i, owner - 1, false, prime);
             model.Image1[at(i)].visible = true;
         }
     }
@@ -164,6 +164,11 @@ int Fen1::scoreboxValue(int playerNumber) const { return captionValue(model.Labe
 
 void Fen1::playIfSound(std::string_view wave) {
     if (module.soundon == 1) ports_.sound.playwave(wave);
+}
+
+std::string Fen1::counterOf(int n, int p, bool flash, bool prime) const {
+    if (module.countermarks == 1) return markedCounterPicture(n, p, flash, prime);
+    return counterPicture(n, flash ? "wh" : players[at(p)].prefix, prime);
 }
 
 void Fen1::stepTurn() {
@@ -313,9 +318,9 @@ void Fen1::Label1_Click(i16 Index) {
     const bool prime = model.Label1[at(n)].fore == colour::black;
     model.Label1[at(n)].visible = false;
     Picture& counter = model.Image1[at(n)];
-    counter.picture = counterPicture(n, players[at(p)].prefix, prime);
+    counter.picture = counterOf(n, p, false, prime);
     counter.visible = true;
-    model.Image3.picture = counterPicture(n, "wh", prime);
+    model.Image3.picture = counterOf(n, p, true, prime);
     model.Image3.left = counter.left;
     model.Image3.top = counter.top;
     ports_.timers.start(Timer9);

@@ -136,6 +136,9 @@ private:
     void dimDice();
     void stepTurn();
     bool neighbours(int p, int q) const;
+    // The picture of player index p's counter on hexagon n, or of the white
+    // flash over it: marked with the player's mark while countermarks is 1.
+    std::string counterOf(int n, int p, bool flash, bool prime) const;
 
     Ports ports_;
     float label100Width_ = 525.0f;

@@ -53,6 +53,11 @@ const Zone& zoneOf(int n);
 
 // "counters\" + zone + owner + digit + ".bmp"; owner is a player prefix or "wh".
 std::string counterPicture(int n, const char* owner, bool prime);
+// The same with the mark of player 0 to 3 on it, when the counters carry
+// their players' marks: "counters\marked\" + zone + player prefix + digit
+// + ".bmp", and for the white flash over that player's new counter
+// "counters\marked\" + zone + "wh" + player prefix + digit + ".bmp".
+std::string markedCounterPicture(int n, int player, bool flash, bool prime);
 
 // Variables that live as long as the program.
 struct ModuleState {
@@ -62,6 +67,7 @@ struct ModuleState {
     i16 timeallowed = 0;     // seconds per player; 0 when the clocks are off
     i16 restartgame = 0;     // 1 while a board is built for a restored game
     i16 greyback = 0;        // 1 while the full-screen backdrop is in use
+    i16 countermarks = 0;    // 1 while each player's counters carry that player's mark
     std::array<i16, 101> boardowner{};                 // by hexagon: player number, 0 free
     std::array<std::array<i16, 7>, 101> connarray{};   // neighbour table, row = hexagon - 1
 

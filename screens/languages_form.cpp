@@ -38,7 +38,7 @@ constexpr Row languagesRows[] = {
     {.name = "Label4", .left = 120, .top = 0, .width = 5355, .height = 1215, .caption = "FENDLE!", .font = Face::Tahoma,
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label7", .left = 4920, .top = 240, .width = 255, .height = 165, .caption = "TM", .font = Face::Tahoma,
-     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     option(0, 240, "English"),
     option(1, 240, "Dutch"),
     option(2, 240, "French"),

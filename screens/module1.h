@@ -61,6 +61,8 @@ public:
     // A language chosen on the language screen that numlang.txt could not
     // keep: it stands over what the file says until the program ends.
     std::optional<i16> unsavedLanguage;
+    // The same for the marks on the counters and countermarks.txt.
+    std::optional<i16> unsavedCountermarks;
 
     // Gives a screen the page size of 12000 x 9000 twips (800 x 600 pixels)
     // and centres it on its screen, with the hourglass up meanwhile.

@@ -63,11 +63,11 @@ const Row page1Rows[] = {
     picture("Image1", 8940, 4560, 2835, 3525, ""),   // the start picture of the set
 };
 
-// A die of the demonstration: a blue square with a black digit, disabled
-// and empty until the first throw.
+// A die of the demonstration: a blue square with a black digit, outlined
+// to read on the blue, disabled and empty until the first throw.
 constexpr Row die(int index, double left, double top) {
     return Row{.name = "Label4", .index = index, .left = left, .top = top, .width = 495, .height = 495,
-               .size = 20.25, .bold = true, .fore = c::black, .back = pageBlue, .align = Align::Centre,
+               .size = 20.25, .bold = true, .fore = c::black, .back = pageBlue, .outline = true, .align = Align::Centre,
                .enabled = false, .border = true};
 }
 
@@ -97,6 +97,14 @@ constexpr Row zoneCell(int index, double left, double top, double width, const c
     return text(index, left, top, width, 270, false, caption);
 }
 
+// A reward of the table: it stands on the board picture's margin, outlined
+// so that it reads on the picture's light colours as on the page's blue.
+constexpr Row rewardCell(int index, double top, double width, const char* caption) {
+    Row r = zoneCell(index, 5820, top, width, caption);
+    r.outline = true;
+    return r;
+}
+
 const Row page3Rows[] = {
     // Behind the table of zones, whose rewards stand on its left margin.
     picture("Image1", 5760, 4440, 5985, 3720, "images\\board.jpg"),
@@ -123,13 +131,13 @@ const Row page3Rows[] = {
     zoneCell(20, 840, 5400, 855, "65 to 79"),
     zoneCell(21, 840, 5640, 855, "80 to 90"),
     zoneCell(22, 840, 5880, 990, "91 to 100"),
-    zoneCell(23, 5820, 5640, 405, "300"),
-    zoneCell(24, 5820, 5400, 405, "200"),
-    zoneCell(25, 5820, 5160, 405, "100"),
-    zoneCell(26, 5820, 4920, 270, "50"),
-    zoneCell(27, 5820, 4680, 270, "20"),
-    zoneCell(28, 5820, 4440, 270, "10"),
-    zoneCell(30, 5820, 5880, 405, "500"),
+    rewardCell(23, 5640, 405, "300"),
+    rewardCell(24, 5400, 405, "200"),
+    rewardCell(25, 5160, 405, "100"),
+    rewardCell(26, 4920, 270, "50"),
+    rewardCell(27, 4680, 270, "20"),
+    rewardCell(28, 4440, 270, "10"),
+    rewardCell(30, 5880, 405, "500"),
 };
 
 const Row page4Rows[] = {

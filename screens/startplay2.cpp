@@ -13,6 +13,8 @@
 #include "screens/module1.h"
 #include "screens/startautoplay2.h"
 #include "text/binding.h"
+#include "text/countermarks.h"
+#include "text/file_io.h"
 
 namespace fendle {
 
@@ -41,6 +43,11 @@ constexpr Row startplay2Rows[] = {
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label7", .left = 4920, .top = 225, .width = 255, .height = 165, .caption = "TM", .font = Face::Tahoma,
      .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
+    // The marks on the counters, under the title: the one band of the screen
+    // that no other control takes in any language, with the time box shown
+    // or Hide Desktop. Its words are the program's own, set by the load.
+    {.name = "Check4", .kind = Kind::CheckBox, .left = 240, .top = 960, .width = 3600, .height = 375,
+     .caption = "Shapes on counters", .size = 12, .bold = true, .fore = colour::yellow, .back = setupBlue},
     {.name = "Label6", .kind = Kind::Button, .left = 240, .top = 1440, .width = 2895, .height = 435,
      .caption = "The Rules", .size = 15.75, .bold = true, .fore = colour::yellow, .back = colour::black,
      .align = Align::Centre, .border = true},
@@ -116,6 +123,7 @@ Startplay2::Startplay2(Module1& module) : Form(module, formName) {
     onClick("Check1", [this](int) { Check1_Click(); });
     onClick("Check2", [this](int) { Check2_Click(); });
     onClick("Check3", [this](int) { Check3_Click(); });
+    onClick("Check4", [this](int) { Check4_Click(); });
     onClick("Label1", [this](int i) { Label1_Click(i); });
     onClick("Label3", [this](int i) { Label3_Click(i); });
     onClick("Label6", [this](int) { Label6_Click(); });
@@ -144,6 +152,9 @@ void Startplay2::Form_Load() {
     centre();
     applyLayoutByLanguage(*this, binding::Screen::Startplay2);
     textshow(*this, binding::Screen::Startplay2);
+    auto* marks = get<kit::CheckBox>("Check4");
+    marks->setCaption(module().message(msg::countermarksBox));
+    marks->setValue(s.countermarks);   // as the setting stands: no click
     if (!get<kit::Image>("Image2")->hasPicture()) {
         // The load stops at the missing picture, and the screen opens at the
         // page size with what it has.
@@ -180,6 +191,29 @@ void Startplay2::Check3_Click() {
         m.screens.show(Grey::formName);
     }
     m.screens.show(formName);   // back in front of the backdrop
+}
+
+void Startplay2::Check4_Click() {
+    Module1& m = module();
+    const i16 on = get<kit::CheckBox>("Check4")->value() == 1 ? 1 : 0;
+    if (on == m.state.countermarks) return;   // the load showing the setting
+    if (m.state.soundon == 1) m.playwave(checkWave);
+    m.state.countermarks = on;
+    // Kept for the user at once, as the language is on its OK. A choice the
+    // file cannot take holds until the program ends, and the user is told
+    // once.
+    if (writeFileAtomic(gamePath(countermarksFile), countermarksText(on == 1))) {
+        m.unsavedCountermarks.reset();
+        return;
+    }
+    const bool told = m.unsavedCountermarks.has_value();
+    m.unsavedCountermarks = on;
+    if (!told) tellUser(m.message(msg::countermarksNotSaved));
+}
+
+void readcountermarks(Module1& module) {
+    if (module.unsavedCountermarks) module.state.countermarks = *module.unsavedCountermarks;
+    else module.state.countermarks = readCountermarks(readFileBytes(gamePath(countermarksFile))) ? 1 : 0;
 }
 
 void Startplay2::Label1_Click(int Index) {

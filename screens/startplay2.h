@@ -1,6 +1,7 @@
-// Startplay2, the first set-up screen: sound, clocks, the backdrop and the
-// number of players. A click on a number of players writes the settings
-// into the module variables and builds the board window from them.
+// Startplay2, the first set-up screen: sound, clocks, the backdrop, the
+// marks on the counters and the number of players. A click on a number of
+// players writes the settings into the module variables and builds the
+// board window from them.
 #pragma once
 
 #include <span>
@@ -39,6 +40,7 @@ public:
     void Check1_Click();       // Play Sound
     void Check2_Click();       // Timers On
     void Check3_Click();       // Hide Desktop
+    void Check4_Click();       // marks on the counters
     void Label1_Click(int Index);   // a number of players, Index + 1
     void Label3_Click(int Index);
     void Label6_Click();       // The Rules
@@ -46,5 +48,8 @@ public:
 
     static std::span<const kit::Row> rows();
 };
+
+// countermarks: what countermarks.txt says, or the choice it could not keep.
+void readcountermarks(Module1& module);
 
 }  // namespace fendle

@@ -16,10 +16,11 @@ using kit::Row;
 constexpr int exitButton = 0;
 
 // What a teacher needs to know, in the three text boxes of the page. The
-// word joiners (U+2060) keep the folder's name on one line.
+// word joiners (U+2060) keep the folder's name, and "colour-blind", on one
+// line.
 constexpr const char* helpText =
-    "Fendle! is simple to use. If you have any difficulty installing or using it, the README in "
-    "/\u2060usr/\u2060share/\u2060doc/\u2060fendle tells you how, and where to report a problem.";
+    "Fendle! is simple to use. The README in /\u2060usr/\u2060share/\u2060doc/\u2060fendle tells you how to install it, "
+    "and where to report a problem. For colour-\u2060blind pupils, tick Shapes on counters on the set-up screen.";
 constexpr const char* filesText =
     "The saved game and the high scores are kept in your home folder, in .local/\u2060state/\u2060fendle.";
 constexpr const char* resetText =
@@ -36,7 +37,7 @@ constexpr Row guideRows[] = {
     {.name = "Label4", .left = 120, .top = 0, .width = 5355, .height = 1215, .caption = "FENDLE!", .font = Face::Tahoma,
      .size = 48, .bold = true, .fore = colour::red, .transparent = true, .align = Align::Centre},
     {.name = "Label7", .left = 4920, .top = 225, .width = 255, .height = 165, .caption = "TM", .font = Face::Tahoma,
-     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .wordWrap = false},
+     .size = 6.75, .bold = true, .fore = colour::black, .transparent = true, .outline = true, .wordWrap = false},
     {.name = "Label2", .left = 120, .top = 1200, .width = 5385, .height = 600, .caption = "Teachers' Guide",
      .size = 20.25, .bold = true, .fore = colour::yellow, .transparent = true, .align = Align::Centre},
     text(2, 1800, 5160, 1680, helpText, true),

@@ -87,6 +87,7 @@ void Titlefrm::Form_Load() {
     centre();
     s.soundon = 1;
     readlanguagefile(m);
+    readcountermarks(m);
     // Language 0 has the English layout: the Teachers' Guide shows below a
     // shorter picture.
     applyLayoutByLanguage(*this, binding::Screen::Titlefrm);

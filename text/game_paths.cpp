@@ -29,7 +29,8 @@ bool isFile(const fs::path& p) {
 
 bool writableFolder(const std::string& folder) { return ::access(folder.c_str(), W_OK | X_OK) == 0; }
 
-constexpr std::array<std::string_view, 3> ownFiles = {"numlang.txt", "lastgame.inf", "highscores.txt"};
+constexpr std::array<std::string_view, 4> ownFiles = {"numlang.txt", "lastgame.inf", "highscores.txt",
+                                                      "countermarks.txt"};
 
 }  // namespace
 

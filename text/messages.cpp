@@ -26,6 +26,8 @@ constexpr Message everyMessage[] = {
     msg::windowTeacherGuide,
     msg::windowRules,
     msg::windowGrey,
+    msg::countermarksNotSaved,
+    msg::countermarksBox,
 };
 
 }  // namespace

@@ -32,6 +32,14 @@ namespace msg {
 inline constexpr Message languageNotSaved{
     "languageNotSaved", "Your choice of language could not be saved. Fendle! will use it until you close the game."};
 
+// Told once when a click on the marks' box cannot write countermarks.txt.
+inline constexpr Message countermarksNotSaved{
+    "countermarksNotSaved",
+    "Your choice of shapes on the counters could not be saved. Fendle! will use it until you close the game."};
+// The words of the set-up screen's box that puts each player's mark on the
+// counters.
+inline constexpr Message countermarksBox{"countermarksBox", "Shapes on counters"};
+
 // Told when the program finds no folder with its texts, pictures and sounds;
 // "%1" is the folders it looked in, each on a line of its own.
 inline constexpr Message dataFolderMissing{

@@ -7,6 +7,7 @@
 #include <QPainterPath>
 #include <QPolygonF>
 #include <QRadialGradient>
+#include <QTransform>
 #include <QStringList>
 
 #include <algorithm>
@@ -303,6 +304,40 @@ void drawCounter(QPainter& p, QPointF c, double r, QColor colour, bool primeRing
     p.restore();
 }
 
+void drawMark(QPainter& p, QPointF c, double r, int player, QColor fill, QColor edge) {
+    // Four shapes that share as little of their area as they can, so that
+    // no two read alike even at the counter's size on the board: a plus and
+    // a cross meet only at the middle, a ring and a dot not at all.
+    const double arm = 0.58 * r, half = 0.17 * r;
+    QPainterPath plus;   // its two bars made one outline
+    plus.setFillRule(Qt::WindingFill);
+    plus.addRect(QRectF(-arm, -half, 2 * arm, 2 * half));
+    plus.addRect(QRectF(-half, -arm, 2 * half, 2 * arm));
+    plus = plus.simplified();
+    QPainterPath mark;
+    switch (player) {
+    case 0:   // a plus
+        mark = plus.translated(c);
+        break;
+    case 1:   // a ring
+        mark.addEllipse(c, 0.56 * r, 0.56 * r);
+        mark.addEllipse(c, 0.30 * r, 0.30 * r);
+        break;
+    case 2:   // a dot
+        mark.addEllipse(c, 0.32 * r, 0.32 * r);
+        break;
+    default:   // a cross: the plus turned by 45 degrees
+        mark = QTransform().translate(c.x(), c.y()).rotate(45).map(plus);
+    }
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing);
+    // The edge runs round the outside of the shape, so that the mark keeps
+    // its size and stands out on the light counters as on the dark ones.
+    p.strokePath(mark, QPen(edge, 0.16 * r, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    p.fillPath(mark, fill);
+    p.restore();
+}
+
 void drawDie(QPainter& p, QPointF centre, double size, double degrees, int value, QColor face,
              QColor pip) {
     p.save();
@@ -344,7 +379,7 @@ QImage boardPicture(int ratio) {
     return img;
 }
 
-QImage counterPicture(int zone, QColor counter, bool prime, int ratio) {
+QImage counterPicture(int zone, QColor counter, bool prime, int ratio, int mark) {
     const Rgb fill = zoneColours.at(static_cast<std::size_t>(zone));
     QImage img = canvas(32, 32, ratio);
     img.fill(qcolor(fill));
@@ -353,6 +388,11 @@ QImage counterPicture(int zone, QColor counter, bool prime, int ratio) {
     // run on into the board.
     drawCell(p, counterCentre, 1.0, fill, prime);
     drawCounter(p, counterCentre, counterRadius, counter, prime);
+    if (mark >= 0) {
+        const QColor dark = qcolor(markEdge);
+        const bool white = counter == QColor(Qt::white);
+        drawMark(p, counterCentre, counterRadius, mark, white ? dark : QColor(Qt::white), dark);
+    }
     return img;
 }
 

@@ -40,6 +40,10 @@ void drawCell(QPainter& p, QPointF centre, double scale, Rgb fill, bool prime);
 void drawNumber(QPainter& p, const View& v, int n);
 // A round playing counter; `primeRing` adds the grey ring of a prime.
 void drawCounter(QPainter& p, QPointF centre, double radius, QColor colour, bool primeRing);
+// The mark of player 0 to 3 on a counter of `radius`, which tells the
+// players' counters apart without their colours: blue a plus, red a ring,
+// green a dot, yellow a cross. Drawn in `fill` with an edge of `edge`.
+void drawMark(QPainter& p, QPointF centre, double radius, int player, QColor fill, QColor edge);
 void drawDie(QPainter& p, QPointF centre, double size, double degrees, int value, QColor face,
              QColor pip);
 
@@ -56,7 +60,9 @@ inline const QPointF counterCentre{(240.0 + 45.0) / 15.0, (192.0 + 90.0) / 15.0}
 // picture with that many pixels to each of its own, for screens at a larger
 // scale: 2 gives the "@2x" files.
 QImage boardPicture(int ratio = 1);                                         // 800 x 600
-QImage counterPicture(int zone, QColor counter, bool prime, int ratio = 1); // 32 x 32
+// A counter with the mark of `mark` (a player 0 to 3), or none for -1: white
+// on a player's counter, dark on the white one that flashes over it.
+QImage counterPicture(int zone, QColor counter, bool prime, int ratio = 1, int mark = -1); // 32 x 32
 QImage ballPicture(int zone, int ratio = 1);                                // 56 x 56
 QImage titlePicture(int ratio = 1);                                         // 320 x 240
 QImage logoPicture(int ratio = 1);                                          // 100 x 139

@@ -86,6 +86,16 @@ void writePictures(Writer& w) {
             }
             w.picture("counters", zone + "wh" + tail,
                       [=](int r) { return counterPicture(zi, Qt::white, prime, r); });
+            // With the marks set, each counter and the white one that
+            // flashes over it carry the mark of the player who laid it.
+            for (int mark = 0; mark < 4; ++mark) {
+                const PlayerInfo& pl = players[static_cast<std::size_t>(mark)];
+                const QColor face = qcolor(pl.face);
+                w.picture("counters/marked", zone + pl.prefix + tail,
+                          [=](int r) { return counterPicture(zi, face, prime, r, mark); });
+                w.picture("counters/marked", zone + "wh" + pl.prefix + tail,
+                          [=](int r) { return counterPicture(zi, Qt::white, prime, r, mark); });
+            }
         }
     }
 

@@ -14,6 +14,7 @@ inline constexpr Rgb background = colour::boardBlue;   // 49, 135, 215
 inline constexpr Rgb primeBorder{168, 168, 168};        // inner ring of a prime hexagon
 inline constexpr Rgb hexOutline{22, 34, 60};            // thin line between hexagons
 inline constexpr Rgb pathEnd{255, 214, 64};             // outline of hexagons 1 and 100
+inline constexpr Rgb markEdge{22, 34, 60};              // edge of a counter's mark; the mark on a white counter
 
 // By zone, in the order of fendle::zones: co, cy, ye, bl, gr, ma, re.
 inline constexpr std::array<Rgb, 7> zoneColours = {{

@@ -14,8 +14,23 @@ namespace fendle::kit {
 
 // ---------------------------------------------------------------- CheckBox, OptionButton
 
+namespace {
+
+// A tick box or an option that takes a click anywhere in its box, as wide
+// as its row draws it, and not only on its mark and its words.
+template <class Box>
+class WholeBox final : public Box {
+public:
+    using Box::Box;
+
+protected:
+    bool hitButton(const QPoint& pos) const override { return this->rect().contains(pos); }
+};
+
+}  // namespace
+
 CheckBox::CheckBox(const Row& row, int index, Controls* owner, QWidget* parent)
-    : Control(row, index, owner), box_(new QCheckBox(parent)) {
+    : Control(row, index, owner), box_(new WholeBox<QCheckBox>(parent)) {
     attachView(box_);
     box_->setText(QString::fromUtf8(row.caption));
     box_->setChecked(row.value != 0);
@@ -29,7 +44,7 @@ int CheckBox::value() const { return box_->isChecked() ? 1 : 0; }
 void CheckBox::setValue(int v) { box_->setChecked(v != 0); }
 
 OptionButton::OptionButton(const Row& row, int index, Controls* owner, QWidget* parent)
-    : Control(row, index, owner), option_(new QRadioButton(parent)) {
+    : Control(row, index, owner), option_(new WholeBox<QRadioButton>(parent)) {
     attachView(option_);
     option_->setText(QString::fromUtf8(row.caption));
     option_->setAutoExclusive(false);   // the array's group decides, once it has one

@@ -49,7 +49,7 @@ inline bool copyFolder(const QString& from, const QString& to, const QStringList
 // run has written there; the current folder while it lives.
 struct GameFolder {
     GameFolder() {
-        copyFolder(QStringLiteral(FENDLE_GAME_DIR), folder.path(), {"fendle", "lastgame.inf", "highscores.txt", "numlang.txt"});
+        copyFolder(QStringLiteral(FENDLE_GAME_DIR), folder.path(), {"fendle", "lastgame.inf", "highscores.txt", "numlang.txt", "countermarks.txt"});
         previous = QDir::currentPath();
         QDir::setCurrent(folder.path());
     }
@@ -122,10 +122,11 @@ public:
         QVERIFY2(f && f->control(name, index), name);
         QTest::mouseClick(f->control(name, index)->widget(), Qt::LeftButton);
     }
-    // A click on the box of a check box or an option button.
+    // A click on a check box or an option button, in its box but to the
+    // right of its words: the whole box takes the click.
     static void tick(Form* f, const char* name, int index = -1) {
         QWidget* w = f->control(name, index)->widget();
-        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
+        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(w->width() - 2, w->height() / 2));
     }
     // The window manager's close button: a spontaneous close event.
     static void closeByTitleBar(QWidget* w) {

@@ -35,10 +35,15 @@ void checkHeard(QWidget* window, const QString& name, QStringList& faults) {
 
 QImage render(QWidget* w) { return w->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-double contrastOf(Form* f, const char* name, int index = -1) {
+QRect placeOf(Form* f, const kit::Control* c) {
+    return c->widget()->geometry().translated(c->widget()->parentWidget()->mapTo(f, QPoint()));
+}
+
+// Of a text, or of the part of it that lies over the control `over`.
+double contrastOf(Form* f, const char* name, int index = -1, const char* over = nullptr) {
     const kit::Control* c = f->control(name, index);
-    return testing::edgeContrast(render(f), c->widget()->geometry().translated(c->widget()->parentWidget()->mapTo(f, QPoint())),
-                                 kit::toQColor(c->foreColor()));
+    const QRect area = placeOf(f, c) & (over ? placeOf(f, f->control(over)) : f->rect());
+    return testing::edgeContrast(render(f), area, kit::toQColor(c->foreColor()));
 }
 
 }  // namespace
@@ -127,31 +132,50 @@ private slots:
         }
     }
 
-    // The coloured texts straight on the blue board, and the trademark on the
-    // set-up screens, stand out from what borders them by 4.5 : 1 at least,
-    // whatever colour the turn gives the message line.
+    // The coloured texts straight on the blue board, the digits of the dice
+    // and the clock, the rewards over the board picture of the rules, and
+    // the trademarks stand out from what borders them by 4.5 : 1 at least,
+    // whatever colour the turn gives the message line and the dice.
     void colouredTextStandsOutOnTheBoard() {
         GameRun g;
+        g.open();
+        QStringList faults;
+        auto measure = [&](Form* f, const char* name, int index = -1, const char* over = nullptr) {
+            const double c = contrastOf(f, name, index, over);
+            if (over && c == 0) return;   // none of it lies there
+            if (c < 4.5) faults << QString("%1 %2(%3): %4").arg(QString::fromStdString(f->name()), name).arg(index).arg(c);
+        };
         Fen1Form* f = g.showBoard(4, 600);
         f->model().Label5[6].visible = true;   // the computer's note
         f->sync();
-        g.throwDice({1, 2, 3, 4});   // starts the clocks: their heading shows
+        g.throwDice({1, 2, 3, 4});   // starts the clocks: their heading and blue's clock show
         QVERIFY(f->control("Label13")->widget()->isVisible());
-        const std::pair<const char*, int> texts[] = {{"Label2", -1}, {"Label9", -1}, {"Label13", -1},
-                                                     {"Label5", 1},  {"Label5", 2},  {"Label5", 3},
-                                                     {"Label5", 4},  {"Label5", 6}};
-        for (const auto& [name, index] : texts) {
-            const double c = contrastOf(f, name, index);
-            QVERIFY2(c >= 4.5, qPrintable(QString("%1(%2): %3").arg(name).arg(index).arg(c)));
-        }
+        const std::pair<const char*, int> texts[] = {{"Label2", -1}, {"Label9", -1}, {"Label13", -1}, {"Label5", 1},
+                                                     {"Label5", 2},  {"Label5", 3},  {"Label5", 4},   {"Label5", 6},
+                                                     {"Label12", 0}, {"Label4", 0},  {"Label4", 3}};
+        for (const auto& [name, index] : texts) measure(f, name, index);
         g.clickHexagon(24);
         g.clock.advance(2000);
         QCOMPARE(f->control("Label2")->foreColor(), colour::red);
-        QVERIFY2(contrastOf(f, "Label2") >= 4.5, qPrintable(QString::number(contrastOf(f, "Label2"))));
+        g.throwDice({1, 2, 3, 4});   // red's dice: white on red
+        for (const auto& [name, index] : {std::pair{"Label2", -1}, {"Label4", 0}, {"Label4", 3}}) measure(f, name, index);
 
-        g.module->screens.show("Startplay2");
-        const double tm = contrastOf(g.screen("Startplay2"), "Label7");
-        QVERIFY2(tm >= 4.5, qPrintable(QString::number(tm)));
+        for (const char* screen : {"Startplay2", "TeacherGuide", "languages", "highscores"}) {
+            g.module->screens.show(screen);
+            measure(g.screen(screen), "Label7");
+        }
+        const std::string page2 = binding::ruleFormName(2, 0);
+        g.module->screens.show(page2);
+        GameRun::press(g.screen(page2.c_str()), "Label2");
+        g.clock.advance(3000);
+        for (int d = 0; d < 4; ++d) measure(g.screen(page2.c_str()), "Label4", d);
+        // Page 3's rewards, 10 to 500, where they lie over the board picture.
+        for (int set = 0; set < 7; ++set) {
+            const std::string page3 = binding::ruleFormName(3, set);
+            g.module->screens.show(page3);
+            for (int reward : {23, 24, 25, 26, 27, 28, 30}) measure(g.screen(page3.c_str()), "Label1", reward, "Image1");
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 
     // Throw Dice clicked: no button takes the focus, none wears a frame, and

@@ -78,6 +78,7 @@ const Ctl title[] = {
 };
 const Ctl setup[] = {
     {"Label4", -1, 120, 0, 5355, 1215, T, 48, B, Rd},         {"Label7", -1, 4920, 225, 255, 165, T, 6.75, B, K},
+    {"Check4", -1, 240, 960, 3600, 375, A, 12, B, Y},         // the marks on the counters, under the title
     {"Label6", -1, 240, 1440, 2895, 435, A, 15.75, B, Y, K},  {"Image2", -1, 3600, 1440, 1500, 2085},
     {"Check1", -1, 720, 2040, 1695, 375, A, 12, B, Y},        {"Check2", -1, 720, 2400, 1695, 375, A, 12, B, Y},
     {"Label3", 2, 120, 2880, 3120, 600, A, 12, B, Y, {}, hidden},

@@ -1,8 +1,8 @@
-// The three writes a pupil meets, the high-score table on Continue, the
-// saved game on Exit and the choice of language on its OK, each made to fail
-// in turn: a read-only game folder, a full disk and a folder where the file
-// should be. Each time the old file stays whole, the pupil is told in plain
-// words, and the program goes on.
+// The writes a pupil meets, the high-score table on Continue, the saved game
+// on Exit, the choice of language on its OK and that of the counters' marks
+// on their box, each made to fail in turn: a read-only game folder, a full
+// disk and a folder where the file should be. Each time the old file stays
+// whole, the pupil is told in plain words, and the program goes on.
 //
 // The read-only folder and the full disk are real mounts (a read-only bind
 // mount and a small tmpfs) in a mount namespace of this process alone, so
@@ -234,6 +234,41 @@ private slots:
                                          "je het spel afsluit."});
         if (fault == Fault::folderInTheWay) QVERIFY(QFileInfo(g.file("numlang.txt")).isDir());
         else QCOMPARE(g.read("numlang.txt"), before);
+    }
+
+    // The marks are turned on, off and on again over an older choice of
+    // none: the next counter and its flash carry blue's mark, and the box is
+    // ticked when the title screen has read the setting again. Where the
+    // file cannot take the choice, the pupil is told once, and the choice
+    // stands for the rest of the run.
+    void theMarksCannotBeWritten_data() { faultRows(); }
+    void theMarksCannotBeWritten() {
+        QFETCH(Fault, fault);
+        QFETCH(int, language);
+        GameRun g;
+        const QByteArray before = "0\r\n";
+        g.write("countermarks.txt", before);
+        g.write("numlang.txt", QByteArray::number(language) + "\r\n");
+        Form* setup = g.setUp();
+        const DiskFault diskFault(g, fault, "countermarks.txt");
+        skipUnlessPossible(diskFault);
+        for (int click = 0; click < 3; ++click) GameRun::tick(setup, "Check4");
+        GameRun::press(setup, "Label1", 1);
+        g.throwDice({1, 2, 3, 4});
+        g.clickHexagon(24);
+        QCOMPARE(g.board()->model().Image1[24].picture, std::string("counters\\marked\\cybl1.bmp"));
+        QCOMPARE(g.board()->model().Image3.picture, std::string("counters\\marked\\cywhbl1.bmp"));
+        g.open();
+        GameRun::press(g.screen("Titlefrm"), "Label5");
+        QCOMPARE(g.screen("Startplay2")->get<kit::CheckBox>("Check4")->value(), 1);
+        if (fault == Fault::none) {
+            QVERIFY(g.messages.isEmpty());
+            QCOMPARE(g.read("countermarks.txt"), QByteArray("1\r\n"));
+            return;
+        }
+        QCOMPARE(g.messages, QStringList{g.module->message(msg::countermarksNotSaved)});
+        if (fault == Fault::folderInTheWay) QVERIFY(QFileInfo(g.file("countermarks.txt")).isDir());
+        else QCOMPARE(g.read("countermarks.txt"), before);
     }
 };
 

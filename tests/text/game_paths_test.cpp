@@ -1,4 +1,5 @@
 #include "text/game_paths.h"
+#include "text/countermarks.h"
 #include "text/file_io.h"
 #include "text/text_tables.h"
 
@@ -78,7 +79,7 @@ TEST(GamePaths, OwnFilesGoToTheUserFolderWhichTheFirstWriteMakes) {
 
     EXPECT_EQ(gamePath("text\\text.csv"), tree.at("share/fendle/text/text.csv"));
     EXPECT_EQ(gamePath("counters\\blre2.bmp"), tree.at("share/fendle/counters/blre2.bmp"));
-    for (std::string_view own : {numlangFile, std::string_view("lastgame.inf"), std::string_view("highscores.txt")})
+    for (std::string_view own : {numlangFile, countermarksFile, std::string_view("lastgame.inf"), std::string_view("highscores.txt")})
         EXPECT_EQ(gamePath(own), user + "/" + std::string(own));
     EXPECT_EQ(gamePath("lastgame.inf", "/elsewhere"), "/elsewhere/lastgame.inf");
 

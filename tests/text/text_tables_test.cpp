@@ -1,4 +1,5 @@
 #include "text/text_tables.h"
+#include "text/countermarks.h"
 #include "text/messages.h"
 #include "module_text_rows.h"
 
@@ -70,6 +71,15 @@ TEST(NumlangFile, WithoutOneTheLocaleChoosesAsGettextReadsIt) {
         };
         EXPECT_EQ(localeLanguage(variable), c.number) << c.language << "|" << c.all << "|" << c.messages << "|" << c.lang;
     }
+}
+
+TEST(CountermarksFile, OnlyTheNumberOneSetsTheMarks) {
+    const std::pair<const char*, bool> cases[] = {{"1\r\n", true}, {" 1 ", true}, {"0\r\n", false}, {"", false},
+                                                  {"-1\r\n", false}, {"2\r\n", false}, {"yes\r\n", false},
+                                                  {"\r\n1\r\n", false}, {"\"1\"\r\n", true}};
+    for (const auto& [bytes, on] : cases) EXPECT_EQ(readCountermarks(std::string_view(bytes)), on) << bytes;
+    EXPECT_FALSE(readCountermarks(std::nullopt));
+    EXPECT_EQ(countermarksText(true), "1\r\n");
 }
 
 TEST(TextTables, LoadFillsColumnByLanguageAndRowAndCallsSettexts) {
