@@ -26,6 +26,20 @@ constexpr Message everyMessage[] = {
     msg::windowTeacherGuide,
     msg::windowRules,
     msg::windowGrey,
+    msg::hexFree,
+    msg::hexCounter,
+    msg::computerName,
+    msg::saidThrow,
+    msg::saidMove,
+    msg::saidFendle,
+    msg::saidDoubleFendle,
+    msg::saidIllegal,
+    msg::saidOutOfTime,
+    msg::saidPathBonus,
+    msg::saidScores,
+    msg::refuseNotOnBoard,
+    msg::refuseCovered,
+    msg::highscoreNameFor,
 };
 
 }  // namespace

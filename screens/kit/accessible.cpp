@@ -36,8 +36,18 @@ public:
     }
 };
 
+// A sentence to be said, found as a notification named by it.
+class AnnouncerAccessible : public QAccessibleWidget {
+public:
+    explicit AnnouncerAccessible(QWidget* w) : QAccessibleWidget(w, QAccessible::Notification) {}
+    QString text(QAccessible::Text t) const override {
+        return t == QAccessible::Name ? widget()->accessibleName() : QAccessibleWidget::text(t);
+    }
+};
+
 QAccessibleInterface* kitAccessible(const QString& className, QObject* object) {
     if (auto* f = qobject_cast<Form*>(object)) return new FormAccessible(f);
+    if (auto* a = qobject_cast<Announcer*>(object)) return new AnnouncerAccessible(a);
     if (className != QLatin1String("fendle::kit::PaintedWidget")) return nullptr;
     const Control* c = Control::of(object);
     auto* w = qobject_cast<QWidget*>(object);
@@ -64,6 +74,23 @@ void announceName(QWidget* w) {
     if (!QAccessible::isActive()) return;
     QAccessibleEvent e(w, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&e);
+}
+
+Announcer::Announcer(QWidget* parent) : QWidget(parent) {
+    installAccessibleControls();
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    setGeometry(0, 0, 1, 1);
+    hide();
+}
+
+void Announcer::say(const QString& sentence) {
+    if (sentence.isEmpty()) return;
+    // A reader speaks a notification when it comes to show; one that shows
+    // already is hidden first, so that each sentence shows anew.
+    hide();
+    setAccessibleName(sentence);
+    show();
 }
 
 }  // namespace fendle::kit
