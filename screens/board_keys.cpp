@@ -11,6 +11,8 @@
 #include "engine/geometry.h"
 #include "screens/fen1_form.h"
 #include "screens/kit/accessible.h"
+#include "screens/kit/fonts.h"
+#include "screens/kit/text.h"
 #include "screens/kit/units.h"
 #include "screens/module1.h"
 #include "text/text_tables.h"
@@ -78,6 +80,43 @@ private:
     int n_;
 };
 
+// The typed number, or a note, in the top line of the board between Throw
+// Dice and the bonus banner, over the turn line: drawn as the turn line is,
+// the font stepped down where a note is too long for the line.
+class BoardKeys::Line final : public QWidget {
+public:
+    explicit Line(QWidget* parent) : QWidget(parent) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(kit::px(3420), 0, kit::px(5985), kit::px(660));
+        row_.bold = true;
+        row_.transparent = true;
+        row_.outline = true;
+        row_.align = kit::Align::Centre;
+        row_.wordWrap = false;
+        hide();
+    }
+    void show(const QString& text, double points, Rgb colour) {
+        row_.size = points;
+        face_.style(row_, kit::makeFont(kit::Face::Arial, points, true), kit::toQColor(colour), QColor());
+        face_.text = text;
+        face_.invalidate();
+        setAccessibleName(text);
+        setVisible(true);
+        update();
+    }
+    QString text() const { return isVisibleTo(parentWidget()) ? face_.text : QString(); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter p(this);
+        face_.paint(p, rect(), true);
+    }
+
+private:
+    kit::Row row_{};
+    kit::LabelFace face_;
+};
+
 BoardKeys::BoardKeys(Fen1Form& form) : QObject(&form), form_(form) { named_.fill(-1); }
 
 BoardKeys::~BoardKeys() {
@@ -89,6 +128,7 @@ QWidget* BoardKeys::hexagon(int n) const { return n >= 1 && n <= 100 ? hexagons_
 void BoardKeys::build() {
     for (int n = 1; n <= 100; ++n) hexagons_[at(n)] = new Hexagon(*this, n, &form_);
     announcer_ = new kit::Announcer(&form_);
+    line_ = new Line(&form_);
     // Tab goes from the board to Throw Dice, Cheat Chart, New Game and Exit.
     QWidget* order[] = {hexagons_[100], form_.control("Label3", button::throwDice)->widget(),
                         form_.control("Label14")->widget(), form_.control("Label3", button::newGame)->widget(),
@@ -148,15 +188,14 @@ void BoardKeys::step(int key) {
     if (key == Qt::Key_Left || key == Qt::Key_Right) {
         const int c = g.c + (key == Qt::Key_Left ? -1 : 1);
         if (onBoard(g.t, c)) setCursor(geometry::hexNumber(g.t, c));
-        return;
+        return focusBoard();
     }
+    // Above stand places c (to the right) and c - 1; below, c (to the left)
+    // and c + 1. A tie goes to place c, so that Up then Down comes back.
     const int t = g.t + (key == Qt::Key_Up ? 1 : -1);
-    // Above: places c - 1 and c; below: c and c + 1. A tie goes right going
-    // up and left going down, so that Up then Down comes back.
-    const int first = key == Qt::Key_Up ? g.c : g.c - 1;
     int best = -1;
     double bestDistance = 0;
-    for (int c : {first, key == Qt::Key_Up ? g.c - 1 : g.c + 1}) {
+    for (const int c : {g.c, key == Qt::Key_Up ? g.c - 1 : g.c + 1}) {
         if (!onBoard(t, c)) continue;
         const double d = std::fabs(across(t, c) - goalX_);
         if (best < 0 || d < bestDistance) best = c, bestDistance = d;
@@ -242,18 +281,15 @@ void BoardKeys::refuse(const Message& why, const QString& number) {
 // The typed digits, or a note, large in the top line over the turn line,
 // which comes back once both are gone.
 void BoardKeys::showLine() {
-    kit::Control* line = form_.control("Typed");
     kit::Control* turn = form_.control("Label2");
-    if (!line || !turn) return;
+    if (!line_ || !turn) return;
     const bool shown = !typed_.isEmpty() || !note_.isEmpty();
-    if (shown) {
-        line->setForeColor(form_.model().Label2.fore);
-        line->setFontSize(note_.isEmpty() ? digitsSize : noteSize);
-        line->setCaption(note_.isEmpty() ? typed_ : note_);
-    }
-    line->setVisible(shown);
+    if (shown) line_->show(note_.isEmpty() ? typed_ : note_, note_.isEmpty() ? digitsSize : noteSize, form_.model().Label2.fore);
+    else line_->hide();
     turn->setVisible(!shown && form_.model().Label2.visible);
 }
+
+QString BoardKeys::line() const { return line_ ? line_->text() : QString(); }
 
 QString BoardKeys::colourName(int player) const {
     const ModuleTexts& t = form_.module().state.texts;
@@ -336,6 +372,8 @@ QString BoardKeys::sentence(const GameEvent& e) const {
 void BoardKeys::afterSync() {
     if (!announcer_) return;
     nameHexagons(false);
+    // The turn line stays under the typed number, whatever the sync showed.
+    if (!line().isEmpty()) form_.control("Label2")->setVisible(false);
     if (pending_.empty()) return;
     QStringList said;
     bool moved = false;

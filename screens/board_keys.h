@@ -52,6 +52,9 @@ public:
     int cursor() const { return cursor_; }
     bool ringShown() const { return ring_; }
     const QString& typed() const { return typed_; }
+    // What the line over the turn line shows: the typed digits or a note;
+    // empty while it is hidden.
+    QString line() const;
     kit::Announcer* announcer() const { return announcer_; }
     QWidget* hexagon(int n) const;
 
@@ -60,6 +63,7 @@ protected:
 
 private:
     class Hexagon;
+    class Line;
     void setCursor(int n, bool keepGoal = false);
     void step(int key);
     void showRing(bool on);
@@ -75,6 +79,7 @@ private:
     std::array<Hexagon*, 101> hexagons_{};
     std::array<int, 101> named_{};   // owner each hexagon was last named with; -1 unnamed
     kit::Announcer* announcer_ = nullptr;
+    Line* line_ = nullptr;
     std::vector<GameEvent> pending_;
     int cursor_ = 1;
     double goalX_ = 0;   // where Up and Down aim, in half hexagon widths

@@ -59,9 +59,6 @@ const Row fen1Rows[] = {
 
     // Messages, scores, clocks.
     {.name = "Label2", .left = 4680, .top = 0, .width = 3180, .height = 660, .caption = "Blue to Play", .size = 27.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .wordWrap = false},
-    // The number typed on the keyboard, or why it cannot be claimed, over the
-    // turn line while it shows.
-    {.name = "Typed", .left = 3420, .top = 0, .width = 5985, .height = 660, .size = 27.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .visible = false, .wordWrap = false},
     {.name = "Label9", .left = 9435, .top = 0, .width = 2445, .height = 675, .caption = "FENDLE!", .font = Face::Tahoma, .size = 27.75, .bold = true, .fore = c::red, .transparent = true, .outline = true, .align = Align::Centre, .wordWrap = false},
     {.name = "Label5", .index = 1, .left = 9360, .top = 5640, .width = 1080, .height = 360, .caption = "Blue", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Right, .wordWrap = false},
     {.name = "Label5", .index = 2, .left = 9360, .top = 6240, .width = 1080, .height = 360, .caption = "Red", .size = 15.75, .bold = true, .fore = c::red, .transparent = true, .outline = true, .align = Align::Right, .visible = false, .wordWrap = false},
