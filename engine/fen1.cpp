@@ -260,6 +260,8 @@ void Fen1::Timer8_Timer() { diceroll::spin(ports_.timers, ports_.random, module.
 
 void Fen1::Timer5_Timer() {
     if (!diceroll::stop(ports_.timers, module.dicerevealed, module.dice, model.Label4)) return;
+    tell({.kind = GameEvent::Kind::thrown, .player = (turn + 1) % module.nplayers,
+          .dice = {module.dice[0], module.dice[1], module.dice[2], module.dice[3]}});
     // The fourth die has stopped: the computer may play, the clock runs.
     if (turn % 2 == 0 && module.computerlevel != 0) ports_.timers.start(Timer6);
     if (module.timeallowed != 0) ports_.timers.start(Timer7);
@@ -267,9 +269,14 @@ void Fen1::Timer5_Timer() {
 
 // ---------------------------------------------------------------- the move
 
+bool Fen1::takesANumber() const {
+    return !ports_.timers.running(Timer1) && model.Label4[0].enabled && !ports_.timers.running(Timer5) && winner <= 0;
+}
+
+bool Fen1::computersTurn() const { return module.computerlevel != 0 && module.nplayers == 2 && (turn + 1) % 2 == 1; }
+
 void Fen1::Label1_Click(i16 Index) {
-    if (ports_.timers.running(Timer1) || !model.Label4[0].enabled || ports_.timers.running(Timer5) || winner > 0)
-        return;
+    if (!takesANumber()) return;
     if (Index < 1 || Index > 100) return;
     const int n = Index;
 
@@ -282,6 +289,7 @@ void Fen1::Label1_Click(i16 Index) {
         model.Label10.visible = true;
         ports_.timers.start(Timer1);
         playIfSound("wav\\boink.wav");
+        tell({.kind = GameEvent::Kind::illegal, .player = turn % module.nplayers, .number = n});
         return;
     }
 
@@ -325,6 +333,7 @@ void Fen1::Label1_Click(i16 Index) {
     model.Image3.top = counter.top;
     ports_.timers.start(Timer9);
     ports_.timers.start(Timer1);
+    tell({.kind = GameEvent::Kind::claimed, .player = p, .number = n, .points = points, .bonus = bonus});
 }
 
 // ---------------------------------------------------------------- flashes
@@ -407,6 +416,7 @@ void Fen1::Timer1_Timer() {
     }
     model.Label10.visible = false;
     ports_.timers.stop(Timer1);
+    tell({.kind = GameEvent::Kind::turn, .player = q});
 }
 
 // ---------------------------------------------------------------- the computer
@@ -456,6 +466,7 @@ void Fen1::Timer7_Timer() {
     if (left <= 0) {
         model.Label6[at(p + 1)].enabled = false;
         playIfSound("wav\\gong.wav");
+        tell({.kind = GameEvent::Kind::outOfTime, .player = p});
         ports_.timers.stop(Timer7);
         ports_.timers.start(Timer1);
     }
@@ -614,6 +625,7 @@ void Fen1::checkendofgame() {
         }
         fitLabel2(Moment::endOfGame);
         model.Label2.caption = module.texts.gameovertext;
+        tell({.kind = GameEvent::Kind::gameOver});
         ports_.timers.start(Timer10);
         ports_.timers.start(Timer3);
         return;
@@ -626,6 +638,7 @@ void Fen1::checkendofgame() {
         ports_.timers.stop(Timer1);
         fitLabel2(Moment::endOfGame);
         model.Label2.caption = module.texts.gameovertext;
+        tell({.kind = GameEvent::Kind::gameOver});
         ports_.timers.start(Timer11);
         ports_.timers.start(Timer3);
         if (module.soundon == 1) {
@@ -640,6 +653,7 @@ void Fen1::checkendofgame() {
         model.Label2.fore = colour::blueText;
         fitLabel2(Moment::endOfGame);
         model.Label2.caption = module.texts.solotimeouttext;
+        tell({.kind = GameEvent::Kind::timeUp});
         ports_.timers.start(Timer3);
         if (module.soundon == 1) {
             ports_.sound.playwave("wav\\crowd.wav");
@@ -665,6 +679,7 @@ void Fen1::Timer10_Timer() {
             ControlState& box = model.Label6[at(p + 1)];
             box.caption = std::to_string(captionValue(box.caption) + 500);
             name = *names[p];
+            tell({.kind = GameEvent::Kind::pathBonus, .player = p, .points = 500});
             break;
         }
     }
@@ -703,6 +718,8 @@ void Fen1::Timer11_Timer() {
         }
         break;
     }
+    if (winner >= 1 && winner <= 4) tell({.kind = GameEvent::Kind::won, .player = winner - 1});
+    else tell({.kind = GameEvent::Kind::draw});
     ports_.screens.checkhighscore();
     ports_.timers.stop(Timer11);
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 
 #include "engine/game_state.h"
@@ -28,6 +29,29 @@ enum TimerNumber : int {
     Timer11,      // decides the winner, 2000 ms
 };
 
+// What happened in a game, as it happens, for those who cannot see the
+// board: the window tells a screen reader. Players are indices 0 to 3.
+struct GameEvent {
+    enum class Kind {
+        thrown,      // the fourth die has stopped: dice
+        claimed,     // a counter laid on number for points, bonus 0, 100 or 200
+        illegal,     // number was not one the dice make: the turn is lost
+        turn,        // player is on turn
+        outOfTime,   // player's clock has run out
+        gameOver,    // a path is complete, or every clock has run out
+        timeUp,      // the one player of a solo game is out of time
+        pathBonus,   // player gets the 500 of the path
+        won,         // player has won
+        draw,
+    };
+    Kind kind = Kind::turn;
+    int player = 0;
+    int number = 0;
+    int points = 0;
+    int bonus = 0;
+    std::array<i16, 4> dice{};
+};
+
 struct Ports {
     TimerBank& timers;
     Random& random;
@@ -48,6 +72,15 @@ public:
     // and counters, colourprimes, positionnumbers (and previousposition for a
     // restored game). label100Width: the width Label1(100) takes for "100".
     void Form_Load(float label100Width = 525.0f);
+
+    // Hears every event of the game; none by default.
+    std::function<void(const GameEvent&)> onEvent;
+
+    // A click on a number would count now: the dice are shown, no move is
+    // being shown and the game goes on (Label1_Click's guards).
+    bool takesANumber() const;
+    // The computer is on turn, or about to be.
+    bool computersTurn() const;
 
     // Input.
     void Label3_Click(i16 Index);   // 0 Exit, 1 New Game, 2 Throw Dice
@@ -133,6 +166,9 @@ private:
     void fitLabel2(Moment moment);
     void startEnding();
     void playIfSound(std::string_view wave);
+    void tell(GameEvent e) const {
+        if (onEvent) onEvent(e);
+    }
     void dimDice();
     void stepTurn();
     bool neighbours(int p, int q) const;

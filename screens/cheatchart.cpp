@@ -7,6 +7,8 @@
 #include <QShowEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 #include <string>
 
 #include "screens/kit/native.h"
@@ -93,16 +95,37 @@ Cheatchart::Cheatchart(Module1& module) : Form(module, formName) {
     onChange("HScroll1", [this](int) { HScroll1_Change(); });
 }
 
-void Cheatchart::placeAtTop() {
+// How far down the board its dice, Throw Dice and the turn line reach, with
+// the Cheat Chart button under the dice.
+constexpr double boardTopRows = 2400;
+
+void Cheatchart::place() {
     const QScreen* s = screen();
     if (!s) return;
     const QRect area = s->availableGeometry();
-    move(area.left() + (area.width() - frameGeometry().width()) / 2, area.top());
+    const QSize size = frameGeometry().size();
+    const Form* board = module().screens.isLoaded("fen1") ? module().screens.form("fen1") : nullptr;
+    if (!board || !board->isVisible()) {
+        move(area.left() + (area.width() - size.width()) / 2, area.top());
+        return;
+    }
+    const QRect b = board->frameGeometry();
+    const auto clampX = [&](int x) { return std::clamp(x, area.left(), std::max(area.left(), area.right() + 1 - size.width())); };
+    const auto clampY = [&](int y) { return std::clamp(y, area.top(), std::max(area.top(), area.bottom() + 1 - size.height())); };
+    if (area.right() - b.right() >= size.width()) return move(b.right() + 1, clampY(b.top()));
+    if (b.left() - area.left() >= size.width()) return move(b.left() - size.width(), clampY(b.top()));
+    const int centred = clampX(b.left() + (b.width() - size.width()) / 2);
+    if (area.bottom() - b.bottom() >= size.height()) return move(centred, b.bottom() + 1);
+    // Over the lower rows: as low as the screen goes, and never over the top
+    // rows of the board, even where the screen is short.
+    const int lowest = area.bottom() + 1 - size.height();
+    const int topRowsEnd = board->geometry().top() + kit::px(boardTopRows);
+    move(centred, std::max(lowest, topRowsEnd));
 }
 
 void Cheatchart::Form_Load() {
     Module1& m = module();
-    placeAtTop();
+    place();
 
     kit::Control* edge = control("Frame3");
     edge->setLeftTwips(fixedLeft - edge->widthTwips());
@@ -162,7 +185,7 @@ void Cheatchart::showEvent(QShowEvent* e) {
     // once; later shows leave it where the player has moved it.
     if (!placedOnShow_) {
         placedOnShow_ = true;
-        placeAtTop();
+        place();
     }
 }
 
@@ -185,6 +208,10 @@ void Cheatchart::keyPressEvent(QKeyEvent* e) {
     case Qt::Key_PageDown: action = QAbstractSlider::SliderPageStepAdd; break;
     case Qt::Key_Home: action = QAbstractSlider::SliderToMinimum; break;
     case Qt::Key_End: action = QAbstractSlider::SliderToMaximum; break;
+    case Qt::Key_Escape:
+        e->accept();
+        module().screens.unload(formName);
+        return;
     default: return Form::keyPressEvent(e);
     }
     bar->triggerAction(action);

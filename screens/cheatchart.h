@@ -37,12 +37,16 @@ protected:
     void showEvent(QShowEvent* e) override;
     // The wheel anywhere over the chart turns the bar, as over the bar itself.
     void wheelEvent(QWheelEvent* e) override;
-    // Left and Right a step, Page Up and Page Down ten, Home and End the ends.
+    // Left and Right a step, Page Up and Page Down ten, Home and End the
+    // ends; Escape closes the chart.
     void keyPressEvent(QKeyEvent* e) override;
 
 private:
-    // Centred across the top of the screen, above the board.
-    void placeAtTop();
+    // Beside the board, else below it, where the screen has room; else as
+    // low as the screen lets it, over the board's lower rows and never over
+    // its dice, Throw Dice or the turn line. Without a board in sight,
+    // centred across the top of the screen.
+    void place();
     bool placedOnShow_ = false;
 };
 

@@ -1,7 +1,9 @@
 #include "screens/fen1_form.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 
+#include "screens/board_keys.h"
 #include "screens/kit/painted.h"
 #include "screens/language.h"
 #include "screens/module1.h"
@@ -94,18 +96,30 @@ Fen1Form::Fen1Form(Module1& module) : Form(module, formName) {
         game_->timerTick(timer);
         sync();
     });
-    onClick("Label1", [this](int n) {
-        game_->Label1_Click(static_cast<i16>(n));
-        sync();
-    });
+    game_->onEvent = [this](const GameEvent& e) {
+        if (keys_) keys_->hear(e);
+    };
+    onClick("Label1", [this](int n) { claimNumber(n); });
     onClick("Label3", [this](int index) {
         game_->Label3_Click(static_cast<i16>(index));
         sync();
+        // Throw Dice goes dim: the keyboard rests on the board, not on the next button.
+        if (index == button::throwDice && keys_ && !isUnloaded()) keys_->focusBoard();
     });
     onClick("Label14", [this](int) { this->module().screens.show("Cheatchart"); });
 }
 
 Fen1Form::~Fen1Form() { game_.reset(); }   // the game lets go of the timers before they go
+
+void Fen1Form::claimNumber(int n) {
+    game_->Label1_Click(static_cast<i16>(n));
+    sync();
+}
+
+void Fen1Form::keyPressEvent(QKeyEvent* e) {
+    if (keys_ && !isUnloaded() && keys_->keyPress(e)) return e->accept();
+    Form::keyPressEvent(e);
+}
 
 void Fen1Form::closeRequested() {
     if (model().Label3[button::exitGame].enabled) {
@@ -127,6 +141,9 @@ void Fen1Form::Form_Load() {
         controls().loadElement("Image1", n);
     }
     control("Image3")->widget()->raise();   // the flash lies in front of the counters
+    keys_ = new BoardKeys(*this);
+    keys_->build();
+    keys_->focusBoard();
     sync();
 }
 
@@ -227,6 +244,7 @@ void Fen1Form::sync() {
 
     if (shown_) *shown_ = b;
     else shown_ = std::make_unique<BoardModel>(b);
+    if (keys_) keys_->afterSync();
 }
 
 }  // namespace fendle

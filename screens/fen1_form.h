@@ -10,7 +10,11 @@
 #include "engine/game_state.h"
 #include "screens/kit/form.h"
 
+class QKeyEvent;
+
 namespace fendle {
+
+class BoardKeys;
 
 class Fen1Form final : public Form {
     Q_OBJECT
@@ -27,6 +31,13 @@ public:
     BoardModel& model() { return game_->model; }
     // Shows what changed in the model since the last call.
     void sync();
+    // Number n claimed, as a click on its hexagon claims it.
+    void claimNumber(int n);
+    // The keyboard and the screen reader on the board; none before the load.
+    BoardKeys* keys() const { return keys_; }
+
+protected:
+    void keyPressEvent(QKeyEvent* e) override;
 
 private:
     void textshow();
@@ -34,7 +45,8 @@ private:
     void syncControl(kit::Control* c, const ControlState& now, const ControlState* before, bool withBack);
 
     std::unique_ptr<Fen1> game_;
-    std::unique_ptr<BoardModel> shown_;   // the model as the widgets show it; none before the first sync
+    std::unique_ptr<BoardModel> shown_;
+    BoardKeys* keys_ = nullptr;   // a child of the window   // the model as the widgets show it; none before the first sync
 };
 
 }  // namespace fendle

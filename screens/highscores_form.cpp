@@ -1,5 +1,6 @@
 #include "screens/highscores_form.h"
 
+#include <algorithm>
 #include <array>
 
 #include "screens/fen1_form.h"
@@ -170,6 +171,21 @@ void checkhighscore(Module1& m) {
         screen->control("Label9", r)->setCaption(std::to_string(m.highpoints[i]));
     }
     auto* name = screen->get<kit::TextBox>("Text1");
+    // The box says whose score it is: Blue's against the computer, else the
+    // first of the highest.
+    int whose = 1;
+    if (m.state.computerlevel == 0)
+        for (int i = 2; i <= 4; ++i) whose = scorebox[std::size_t(i)] > scorebox[std::size_t(whose)] ? i : whose;
+    const ModuleTexts& texts = m.state.texts;
+    const std::string* colours[4] = {&texts.bluename, &texts.redname, &texts.greenname, &texts.yellowname};
+    const int score = std::min(scorebox[std::size_t(whose)], 32767);
+    name->widget()->setAccessibleName(m.message(Problem{msg::highscoreNameFor, {*colours[whose - 1], std::to_string(score)}}));
+    // Enter keeps the name, as Continue does.
+    name->setKeyPress([screen](int key) {
+        if (key != 13) return key;
+        screen->Label3_Click(0);
+        return 0;
+    });
     name->setTopTwips(screen->control("Label8", m.newhighrow - 1)->topTwips() - Highscores::nameBoxRaise);
     name->setVisible(true);
     name->widget()->raise();

@@ -27,6 +27,9 @@ public:
     int set() const { return set_; }
 
     void Form_Load() override;
+    // The title bar's close button does what Exit does: the chart page 2
+    // opened goes with the page.
+    void closeRequested() override { Label3_Click(0); }
 
     // Label3: 0 Exit; 1 the next page (the previous one on page 5); 2 the
     // previous page, on pages 2 to 4.

@@ -1,5 +1,7 @@
 #include "screens/teacherguide.h"
 
+#include <QKeyEvent>
+
 #include "screens/game_screens.h"
 #include "screens/kit/painted.h"
 #include "screens/module1.h"
@@ -74,6 +76,12 @@ void TeacherGuide::Form_Load() {
 
 void TeacherGuide::Label3_Click(int Index) {
     if (Index == exitButton) module().screens.unload(formName);
+}
+
+void TeacherGuide::keyPressEvent(QKeyEvent* e) {
+    if (e->key() != Qt::Key_Escape) return Form::keyPressEvent(e);
+    e->accept();
+    Label3_Click(exitButton);
 }
 
 }  // namespace fendle

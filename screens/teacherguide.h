@@ -7,6 +7,8 @@
 
 #include "screens/kit/form.h"
 
+class QKeyEvent;
+
 namespace fendle {
 
 class TeacherGuide final : public Form {
@@ -22,6 +24,10 @@ public:
     void Label3_Click(int Index);
 
     static std::span<const kit::Row> rows();
+
+protected:
+    // Escape closes the guide, as Exit does.
+    void keyPressEvent(QKeyEvent* e) override;
 };
 
 }  // namespace fendle

@@ -28,6 +28,20 @@ constexpr Message everyMessage[] = {
     msg::windowGrey,
     msg::countermarksNotSaved,
     msg::countermarksBox,
+    msg::hexFree,
+    msg::hexCounter,
+    msg::computerName,
+    msg::saidThrow,
+    msg::saidMove,
+    msg::saidFendle,
+    msg::saidDoubleFendle,
+    msg::saidIllegal,
+    msg::saidOutOfTime,
+    msg::saidPathBonus,
+    msg::saidScores,
+    msg::refuseNotOnBoard,
+    msg::refuseCovered,
+    msg::highscoreNameFor,
 };
 
 }  // namespace

@@ -78,6 +78,31 @@ inline constexpr Message windowTeacherGuide{"windowTeacherGuide", "Fendle! \u201
 inline constexpr Message windowRules{"windowRules", "Fendle! \u2013 The rules, page %1 of 5"};
 inline constexpr Message windowGrey{"windowGrey", "Fendle!"};
 
+// What a screen reader says of a hexagon: "%1" its number, "%2" the colour
+// of its zone or of the player whose counter covers it.
+inline constexpr Message hexFree{"hexFree", "%1, %2 zone, free"};
+inline constexpr Message hexCounter{"hexCounter", "%1, %2's counter"};
+// Who plays Red in a game against the computer, where a sentence below
+// names the player.
+inline constexpr Message computerName{"computerName", "The computer"};
+// What a screen reader is told as the game goes: "%1" the player, then
+// the four dice; the number, then the points of the move.
+inline constexpr Message saidThrow{"saidThrow", "%1 threw %2, %3, %4 and %5"};
+inline constexpr Message saidMove{"saidMove", "%1 takes %2: %3 points"};
+inline constexpr Message saidFendle{"saidFendle", "%1 takes %2: Fendle! %3 points"};
+inline constexpr Message saidDoubleFendle{"saidDoubleFendle", "%1 takes %2: double Fendle! %3 points"};
+inline constexpr Message saidIllegal{"saidIllegal", "%1 chose %2: an illegal move. The turn is lost."};
+inline constexpr Message saidOutOfTime{"saidOutOfTime", "%1 has run out of time"};
+inline constexpr Message saidPathBonus{"saidPathBonus", "%1 completes the path from 1 to 100: 500 points"};
+// "%1" each player's name and score, "Blue 120, Red 90".
+inline constexpr Message saidScores{"saidScores", "Scores: %1"};
+// A number typed on the board that cannot be claimed; "%1" the number.
+inline constexpr Message refuseNotOnBoard{"refuseNotOnBoard", "%1 is not on the board"};
+inline constexpr Message refuseCovered{"refuseCovered", "%1 is already covered"};
+// What a screen reader says of the high-score name box: "%1" the player
+// whose score it is, "%2" the score.
+inline constexpr Message highscoreNameFor{"highscoreNameFor", "Type the name for %1's score of %2 points"};
+
 }  // namespace msg
 
 // Puts args[0] in place of every "%1" of `text`, args[1] of "%2", and so on.

@@ -6,7 +6,8 @@
 // named by its window name.
 #pragma once
 
-class QWidget;
+#include <QString>
+#include <QWidget>
 
 namespace fendle::kit {
 
@@ -14,5 +15,17 @@ namespace fendle::kit {
 void installAccessibleControls();
 // Tells a screen reader that a control's caption changed.
 void announceName(QWidget* w);
+
+// Says a sentence through a screen reader, whatever has the focus: a
+// notification that shows, named by the sentence, which a reader speaks as
+// it appears. It paints nothing and takes no click.
+class Announcer final : public QWidget {
+    Q_OBJECT
+public:
+    explicit Announcer(QWidget* parent);
+    void say(const QString& sentence);
+    // The last sentence said; empty before the first.
+    QString said() const { return accessibleName(); }
+};
 
 }  // namespace fendle::kit

@@ -1,6 +1,8 @@
 #include "screens/kit/form.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QTimer>
 #include <QPainter>
 #include <QScreen>
 
@@ -93,6 +95,7 @@ void Form::centre() {
 
 void Form::showEvent(QShowEvent* e) {
     QWidget::showEvent(e);
+    if (QWidget* active = QApplication::activeWindow(); active && active != this) behind_ = active;
     refreshWindowName();
     // The window takes the focus itself, or the window system would hand it
     // to the first button, unseen, for a Space to press.
@@ -100,6 +103,18 @@ void Form::showEvent(QShowEvent* e) {
     // Before the first show the frame's size is not known yet; a window that
     // was centred and not moved since is centred again on its whole frame.
     if (centred_ && frameGeometry().size() != size()) centre();
+}
+
+void Form::hideEvent(QHideEvent* e) {
+    QWidget::hideEvent(e);
+    if (e->spontaneous() || !behind_) return;
+    // The keyboard goes back to the window behind, unless another window has
+    // taken it meanwhile (the next rule page, the screen this one opened).
+    QPointer<QWidget> behind = behind_;
+    QTimer::singleShot(0, behind, [behind] {
+        const QWidget* active = QApplication::activeWindow();
+        if (behind && behind->isVisible() && (!active || !active->isVisible())) behind->activateWindow();
+    });
 }
 
 void Form::setBackColor(Rgb colour) {

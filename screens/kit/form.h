@@ -99,6 +99,7 @@ protected:
     void closeEvent(QCloseEvent* e) override;
     void paintEvent(QPaintEvent* e) override;
     void showEvent(QShowEvent* e) override;
+    void hideEvent(QHideEvent* e) override;
 
 private:
     friend class ScreenRegistry;
@@ -113,6 +114,7 @@ private:
     std::optional<Message> windowName_;
     std::string windowArg_;
     bool unloaded_ = false;
+    QPointer<QWidget> behind_;   // the window that was active when this one showed
     bool centred_ = false;   // centred and not moved since: centre again once the frame is known
 };
 
