@@ -26,6 +26,11 @@ constexpr Message everyMessage[] = {
     msg::windowTeacherGuide,
     msg::windowRules,
     msg::windowGrey,
+    msg::showHowButton,
+    msg::howCannot,
+    msg::howBest,
+    msg::howRounded,
+    msg::gameNotRecorded,
 };
 
 }  // namespace
