@@ -49,6 +49,8 @@ public:
     // text\messages.csv, which is read at the first use; "%1" becomes `arg`.
     QString message(const Message& m, std::string_view arg = {});
     QString message(const Problem& p);
+    // The table itself, for texts whose "%1" … are filled later.
+    const MessageTable& messages();
 
     // The high-score table: rows 0 to 9 in use, row 10 never touched.
     std::array<std::string, 11> highnames{};
@@ -61,6 +63,10 @@ public:
     // A language chosen on the language screen that numlang.txt could not
     // keep: it stands over what the file says until the program ends.
     std::optional<i16> unsavedLanguage;
+
+    // Whether the user has been told that games.csv could not take a game:
+    // once in a run is enough.
+    bool toldGameNotRecorded = false;
 
     // Gives a screen the page size of 12000 x 9000 twips (800 x 600 pixels)
     // and centres it on its screen, with the hourglass up meanwhile.
@@ -78,7 +84,6 @@ public:
 
 private:
     PortFactory ports_;
-    const MessageTable& messages();
     std::unique_ptr<MessageTable> messages_;
 
 public:

@@ -30,6 +30,8 @@ bool isUserFile(std::string_view gameName) {
     static constexpr std::array<std::string_view, 3> own = {"numlang.txt", "lastgame.inf", "highscores.txt"};
     for (std::string_view name : own)
         if (gameName == name) return true;
+    // The record of games grows beside them.
+    if (gameName == "games.csv") return true;
     return false;
 }
 

@@ -1,7 +1,7 @@
 // Where the game's files are. The game reads its texts, pictures, sounds and
 // connarray.dat from one data folder, which it never writes, and writes its
-// three own files (numlang.txt, lastgame.inf, highscores.txt) into one user
-// folder. Both are decided here, once, when the program starts; gamePath()
+// own files (numlang.txt, lastgame.inf, highscores.txt and the record of
+// games, games.csv) into one user folder. Both are decided here, once, when the program starts; gamePath()
 // in text/file_io.h then resolves every name the game uses.
 //
 // Until folders are set, every name stays relative to the working directory,
@@ -17,7 +17,7 @@ namespace fendle {
 
 struct GameFolders {
     std::string data;   // read only: text/, Images/, images/, Balls/, counters/, wav/, connarray.dat
-    std::string user;   // numlang.txt, lastgame.inf, highscores.txt
+    std::string user;   // numlang.txt, lastgame.inf, highscores.txt, games.csv
 };
 
 // Whether the game writes this file itself, by the game's name of it
