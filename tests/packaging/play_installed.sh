@@ -112,7 +112,7 @@ stray=$(cd "$HOME" && find . -mindepth 1 ! -path ./data ! -path './data/fendle' 
 if [ -d "$XDG_DATA_HOME/fendle" ]; then
     [ "$(stat -c %a "$XDG_DATA_HOME/fendle")" = 700 ] || fail "the user's folder is not the user's alone"
     for f in $(ls -A "$XDG_DATA_HOME/fendle"); do
-        case $f in numlang.txt | lastgame.inf | highscores.txt) ;; *) fail "unexpected file $f" ;; esac
+        case $f in numlang.txt | lastgame.inf | highscores.txt | games.csv) ;; *) fail "unexpected file $f" ;; esac
     done
 fi
 echo "installed under $prefix; files written: $(cd "$HOME" && find data -type f | tr '\n' ' ')"
