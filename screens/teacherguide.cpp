@@ -18,10 +18,12 @@ constexpr int exitButton = 0;
 // What a teacher needs to know, in the three text boxes of the page. The
 // word joiners (U+2060) keep the folder's name on one line.
 constexpr const char* helpText =
-    "Fendle! is simple to use. If you have any difficulty installing or using it, the README that comes "
-    "with the game tells you how, and where to report a problem.";
+    "Fendle! is simple to use. Its README tells you how, and where to report a problem. "
+    "A line of games.csv is a move: time, game, player, dice, number, legal, points, bonus, best number, "
+    "expression.";
 constexpr const char* filesText =
-    "The saved game and the high scores are kept in your home folder, in .local/\u2060share/\u2060fendle.";
+    "The saved game, the high scores and games.csv are kept in your home folder, in "
+    ".local/\u2060share/\u2060fendle.";
 constexpr const char* resetText =
     "Run from its build folder, Fendle! keeps them beside the program. To clear the high scores, close "
     "Fendle! and delete highscores.txt.";
