@@ -142,7 +142,10 @@ std::size_t appendLines(const std::string& path, std::string_view head, std::spa
                         std::string* error) {
     makeUserFolderFor(path);
     const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
-    if (fd < 0) return fail(error, "cannot open " + path), 0;
+    if (fd < 0) {
+        fail(error, "cannot open " + path);
+        return 0;
+    }
     struct stat st {};
     bool ok = ::fstat(fd, &st) == 0;
     if (ok && st.st_size == 0) {
