@@ -29,6 +29,8 @@ Fen1::Fen1(ModuleState& moduleState, Ports ports) : module(moduleState), ports_(
     const char* buttons[3] = {"Exit", "New Game", "Throw Dice"};
     for (int i = 0; i < 3; ++i) model.Label3[at(i)] = {buttons[i], colour::blueText, colour::black, true, true};
     model.Label14 = {"Cheat Chart", colour::blueText, colour::black, true, true};
+    model.ShowHow = {std::string(msg::showHowButton.english), colour::blueText, colour::black, false, true};
+    model.HowText = {"", colour::white, colour::black, false, true};
     for (auto& die : model.Label4) die = {"", colour::black, colour::blue, true, false};
     const std::string names[4] = {t.bluename, t.redname, t.greenname, t.yellowname};
     for (int p = 0; p < 4; ++p) {
@@ -231,6 +233,8 @@ void Fen1::Label3_Click(i16 Index) {
     if (Index != button::throwDice) return;
 
     model.Label3[button::throwDice].enabled = false;
+    model.ShowHow.visible = false;
+    model.HowText.visible = false;
     Random& random = ports_.random;
     random.randomize();
     // A board with no free hexagon has no throw to offer; the end of the
@@ -283,7 +287,16 @@ void Fen1::Label1_Click(i16 Index) {
     ports_.timers.stop(Timer7);
     stepTurn();
 
+    MoveRecord& move = moves.emplace_back();
+    move.player = turn % module.nplayers;
+    move.computer = computerMoving_;
+    for (int d = 0; d < 4; ++d) move.dice[at(d)] = module.dice[at(d)];
+    move.number = n;
+    model.ShowHow.visible = true;
+
     if (search.allowed[at(n)] == 0) {
+        move.best = bestChoice();
+        if (move.best) move.bestPoints = zoneOf(move.best).reward + checkfendle(move.best);
         for (auto& clock : model.Label12) clock.visible = false;
         model.Label13.visible = false;
         model.Label10.visible = true;
@@ -309,6 +322,9 @@ void Fen1::Label1_Click(i16 Index) {
     }
     const int points = zone.reward + bonus;
     const int p = turn % module.nplayers;
+    move.legal = true;
+    move.points = points;
+    move.bonus = bonus;
     i16& s = score(p);
     s = static_cast<i16>(std::min(s + points, 32767));
     model.Label6[at(p + 1)].caption = std::to_string(s);
@@ -404,6 +420,7 @@ void Fen1::Timer1_Timer() {
     const Rgb c = players[at(q)].text;
     for (auto& b : model.Label3) b.fore = c;
     model.Label14.fore = c;
+    model.ShowHow.fore = c;
     model.Label5[0].fore = c;
     model.Label5[5].fore = c;
     model.Label13.fore = c;
@@ -426,9 +443,8 @@ void Fen1::Timer6_Timer() {
     random.randomize();
     int level = module.computerlevel;
     if (level == 2) level = 2 * static_cast<int>(std::floor(2 * random.rnd())) + 1;
-    auto candidate = [this](int n) { return search.allowed[at(n)] == 1.0 && model.Label1[at(n)].visible; };
     bool any = false;
-    for (int n = 1; n <= 100; ++n) any = any || candidate(n);
+    for (int n = 1; n <= 100; ++n) any = any || isCandidate(n);
 
     i16 choice = 0;
     if (level == 1 && any) {
@@ -438,21 +454,39 @@ void Fen1::Timer6_Timer() {
         do {
             random.randomize();
             n = static_cast<int>(std::floor(100 * random.rnd() + 1));
-        } while (n < 1 || n > 100 || !candidate(n));
+        } while (n < 1 || n > 100 || !isCandidate(n));
         choice = static_cast<i16>(n);
     } else if (level == 3) {
-        int best = 0;
-        for (int n = 1; n <= 100; ++n) {
-            if (!candidate(n)) continue;
-            const int value = zoneOf(n).reward + checkfendle(static_cast<i16>(n));
-            if (value > best) {
-                best = value;
-                choice = static_cast<i16>(n);
-            }
+        choice = bestChoice();
+    }
+    computerMoving_ = true;
+    if (choice != 0) Label1_Click(choice);
+    computerMoving_ = false;
+    ports_.timers.stop(Timer6);
+}
+
+bool Fen1::isCandidate(int n) const { return search.allowed[at(n)] == 1.0 && model.Label1[at(n)].visible; }
+
+i16 Fen1::bestChoice() const {
+    i16 choice = 0;
+    int best = 0;
+    for (int n = 1; n <= 100; ++n) {
+        if (!isCandidate(n)) continue;
+        const int value = zoneOf(n).reward + checkfendle(static_cast<i16>(n));
+        if (value > best) {
+            best = value;
+            choice = static_cast<i16>(n);
         }
     }
-    if (choice != 0) Label1_Click(choice);
-    ports_.timers.stop(Timer6);
+    return choice;
+}
+
+// ---------------------------------------------------------------- Show me how
+
+void Fen1::ShowHow_Click() {
+    if (!model.ShowHow.visible || moves.empty()) return;
+    model.HowText.visible = !model.HowText.visible;
+    if (model.HowText.visible) model.HowText.caption = howText(moves.back(), howWords);
 }
 
 // ---------------------------------------------------------------- the clock

@@ -7,10 +7,12 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "engine/game_state.h"
 #include "engine/ports.h"
 #include "engine/reachable.h"
+#include "engine/show_how.h"
 
 namespace fendle {
 
@@ -86,6 +88,9 @@ public:
     void Label3_Click(i16 Index);   // 0 Exit, 1 New Game, 2 Throw Dice
     void Label1_Click(i16 Index);   // a click on number Index, 1 to 100
     void timerTick(int timer);      // dispatches to TimerN_Timer
+    // Show me how: opens the explanation of the latest move, or closes it.
+    // Changes nothing of the game.
+    void ShowHow_Click();
 
     void Timer1_Timer();
     void Timer2_Timer();
@@ -101,6 +106,10 @@ public:
 
     // Rules.
     i16 checkfendle(i16 n) const;   // bonus a counter on n would earn: 0, 100 or 200
+    // The Level 3 computer's choice on this throw: of the free numbers the
+    // throw makes, the one of the highest reward plus bonus, the lowest of
+    // equals; 0 when there is none.
+    i16 bestChoice() const;
     void checkendofgame();
     i16 okToCheck();
     void findPath();
@@ -123,6 +132,11 @@ public:
     // Texts the board takes from the text table (rows 26 and 37).
     std::string playword = "to Play";
     std::string pathbonustext = "+500";
+    // The words of Show me how in the board's language.
+    HowWords howWords;
+
+    // Every move made on this board, in order: the record of the game.
+    std::vector<MoveRecord> moves;
 
     // turn never goes past turnLimit: one step beyond it, it comes back by
     // turnFold, a multiple of 12, which keeps turn mod 1, 2, 3 and 4 (the
@@ -175,8 +189,10 @@ private:
     // The picture of player index p's counter on hexagon n, or of the white
     // flash over it: marked with the player's mark while countermarks is 1.
     std::string counterOf(int n, int p, bool flash, bool prime) const;
+    bool isCandidate(int n) const;   // made by the throw and free
 
     Ports ports_;
+    bool computerMoving_ = false;   // Timer6 is making the computer's click
     float label100Width_ = 525.0f;
     // By hexagon: in movelist, and entered as a target in this search. They
     // answer inArraytest and inPrevPath without scanning the two lists.

@@ -134,6 +134,8 @@ struct BoardModel {
     ControlState Label13;                    // heading of the clock boxes
     ControlState Label10;                    // the illegal-move line
     ControlState Label9;                     // the bonus banner
+    ControlState ShowHow;                    // Show me how: shown from a move until the next throw
+    ControlState HowText;                    // what Show me how tells of the latest move
 };
 
 // Indices of fen1's buttons.

@@ -129,9 +129,11 @@ void BoardKeys::build() {
     for (int n = 1; n <= 100; ++n) hexagons_[at(n)] = new Hexagon(*this, n, &form_);
     announcer_ = new kit::Announcer(&form_);
     line_ = new Line(&form_);
-    // Tab goes from the board to Throw Dice, Cheat Chart, New Game and Exit.
+    // Tab goes from the board to Throw Dice, Cheat Chart, Show me how (while
+    // it shows), New Game and Exit.
     QWidget* order[] = {hexagons_[100], form_.control("Label3", button::throwDice)->widget(),
-                        form_.control("Label14")->widget(), form_.control("Label3", button::newGame)->widget(),
+                        form_.control("Label14")->widget(), form_.control("ShowHow")->widget(),
+                        form_.control("Label3", button::newGame)->widget(),
                         form_.control("Label3", button::exitGame)->widget()};
     for (std::size_t i = 0; i + 1 < std::size(order); ++i) QWidget::setTabOrder(order[i], order[i + 1]);
     for (Hexagon* h : hexagons_)

@@ -1,12 +1,21 @@
 #include "screens/fen1_form.h"
 
+#include <QCoreApplication>
+#include <QDateTime>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QTimer>
 
+#include <cmath>
+
+#include "saved/games_record.h"
 #include "screens/board_keys.h"
+#include "screens/game_screens.h"
+#include "screens/kit/accessible.h"
 #include "screens/kit/painted.h"
 #include "screens/language.h"
 #include "screens/module1.h"
+#include "text/file_io.h"
 #include "text/binding.h"
 #include "text/text_tables.h"
 
@@ -77,7 +86,23 @@ const Row fen1Rows[] = {
     {.name = "Label10", .left = 1800, .top = 8460, .width = 7560, .height = 360, .caption = "You made an illegal move. You have lost your turn.", .size = 12, .bold = true, .fore = c::white, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
     {.name = "Label5", .index = 0, .left = 9960, .top = 4740, .width = 1950, .height = 360, .caption = "Target Score", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
     {.name = "Label5", .index = 5, .left = 10575, .top = 5100, .width = 720, .height = 360, .caption = "5000", .size = 15.75, .bold = true, .fore = c::blueText, .transparent = true, .outline = true, .align = Align::Centre, .visible = false},
+
+    // Show me how: the button stands under the Cheat Chart from a move until
+    // the next throw; the explanation it opens lies over the lowest rows of
+    // the board, clear of the clocks, the scores, Exit and New Game, and hides
+    // the numbers and counters under it while it is open.
+    {.name = "ShowHow", .kind = Kind::Button, .left = 1080, .top = 2415, .width = 1740, .height = 375, .caption = "Show me how", .font = Face::Tahoma, .size = 11.25, .bold = true, .fore = c::blueText, .back = c::black, .align = Align::Centre, .visible = false, .border = true},
+    {.name = "HowText", .left = 45, .top = 6660, .width = 8925, .height = 1590, .size = 15.75, .bold = true, .fore = c::white, .back = c::black, .align = Align::Centre, .visible = false, .border = true},
 };
+
+// The explanation grows upwards from this line, as its words need.
+constexpr double howBottom = 8250;
+
+// The key of Show me how: H, for How. It is the same key in every language
+// and on every keyboard the game's languages are typed on, needs no Shift
+// (a question mark sits on a different shifted key in each), and leaves the
+// digits, arrows, Space, Enter, Escape, Backspace and Tab to keyboard play.
+constexpr int showHowKey = Qt::Key_H;
 
 // The pattern label is AutoSize for "100": its width follows its text.
 float label100Width() {
@@ -94,7 +119,7 @@ Fen1Form::Fen1Form(Module1& module) : Form(module, formName) {
     // Every tick goes to the game, and the window shows what it changed.
     timers().bind([this](int timer) {
         game_->timerTick(timer);
-        sync();
+        afterEvent();
     });
     game_->onEvent = [this](const GameEvent& e) {
         if (keys_) keys_->hear(e);
@@ -102,29 +127,80 @@ Fen1Form::Fen1Form(Module1& module) : Form(module, formName) {
     onClick("Label1", [this](int n) { claimNumber(n); });
     onClick("Label3", [this](int index) {
         game_->Label3_Click(static_cast<i16>(index));
-        sync();
+        // Exit and New Game leave the game: what it has of a record is kept.
+        if (index == button::exitGame || index == button::newGame) recordGame();
+        afterEvent();
         // Throw Dice goes dim: the keyboard rests on the board, not on the next button.
         if (index == button::throwDice && keys_ && !isUnloaded()) keys_->focusBoard();
     });
     onClick("Label14", [this](int) { this->module().screens.show("Cheatchart"); });
+    onClick("ShowHow", [this](int) {
+        game_->ShowHow_Click();
+        afterEvent();
+    });
 }
 
-Fen1Form::~Fen1Form() { game_.reset(); }   // the game lets go of the timers before they go
+Fen1Form::~Fen1Form() {
+    recordGame();
+    game_.reset();   // the game lets go of the timers before they go
+}
 
 void Fen1Form::claimNumber(int n) {
     game_->Label1_Click(static_cast<i16>(n));
-    sync();
-}
-
-void Fen1Form::keyPressEvent(QKeyEvent* e) {
-    if (keys_ && !isUnloaded() && keys_->keyPress(e)) return e->accept();
-    Form::keyPressEvent(e);
+    afterEvent();
 }
 
 void Fen1Form::closeRequested() {
     if (model().Label3[button::exitGame].enabled) {
         game_->Label3_Click(button::exitGame);
-        sync();
+        recordGame();
+        afterEvent();
+    }
+}
+
+void Fen1Form::keyPressEvent(QKeyEvent* e) {
+    const bool plain = !(e->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (e->key() == showHowKey && plain && model().ShowHow.visible) {
+        if (!e->isAutoRepeat()) {
+            game_->ShowHow_Click();
+            afterEvent();
+        }
+        return;
+    }
+    if (keys_ && !isUnloaded() && keys_->keyPress(e)) return e->accept();
+    Form::keyPressEvent(e);
+}
+
+void Fen1Form::afterEvent() {
+    if (game_->winner > 0) recordGame();
+    sync();
+}
+
+void Fen1Form::stampMoves() {
+    while (moveTimes_.size() < game_->moves.size())
+        moveTimes_.push_back(QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString());
+}
+
+void Fen1Form::recordGame() {
+    stampMoves();
+    const std::vector<MoveRecord>& moves = game_->moves;
+    if (recorded_ >= moves.size()) return;
+    const std::string path = gamePath(gamesRecordFile);
+    if (gameNumber_ == 0) gameNumber_ = nextGameNumber(readFileTail(path, 64 * 1024));
+    std::vector<std::string> lines;
+    for (std::size_t i = recorded_; i < moves.size(); ++i) {
+        const MoveRecord& move = moves[i];
+        const std::string name = move.computer ? "Computer" : model().Label5[static_cast<std::size_t>(move.player + 1)].caption;
+        lines.push_back(gamesRecordLine(moveTimes_[i], gameNumber_, name, move));
+    }
+    recorded_ += appendLines(path, gamesRecordHead(), lines);
+    // The game goes on without its record; the user hears of it once, when
+    // the handler has finished, as of a saved game that could not be kept.
+    Module1& m = module();
+    if (recorded_ < moves.size() && !m.toldGameNotRecorded) {
+        m.toldGameNotRecorded = true;
+        const QString text = m.message(msg::gameNotRecorded);
+        QTimer::singleShot(0, QCoreApplication::instance(), [text] { tellUser(text); });
     }
 }
 
@@ -141,6 +217,7 @@ void Fen1Form::Form_Load() {
         controls().loadElement("Image1", n);
     }
     control("Image3")->widget()->raise();   // the flash lies in front of the counters
+    control("HowText")->widget()->raise();  // and the explanation in front of all the board
     keys_ = new BoardKeys(*this);
     keys_->build();
     keys_->focusBoard();
@@ -151,6 +228,11 @@ void Fen1Form::Form_Load() {
 // model, which the window then shows.
 void Fen1Form::textshow() {
     Module1& m = module();
+    const MessageTable& messages = m.messages();
+    const int language = m.state.languagenumber;
+    const auto words = [&](const Message& message) { return messages.text(Problem{message, {}}, language); };
+    game_->howWords = {words(msg::howCannot), words(msg::howBest), words(msg::howRounded)};
+    model().ShowHow.caption = words(msg::showHowButton);
     if (!m.tables) return;   // no tables read: the design's English stays
     const TextTables& tables = *m.tables;
     const int lang = m.state.languagenumber;
@@ -191,9 +273,25 @@ QString Fen1Form::counterName(int n) const {
 }
 
 void Fen1Form::sync() {
+    stampMoves();
     const BoardModel& b = model();
     const BoardModel* s = shown_.get();
     kit::Controls& k = controls();
+
+    // The explanation's box takes the height of its lines, and while it is
+    // open, what lies under it is hidden.
+    if (!s || s->HowText.caption != b.HowText.caption) {
+        kit::Control* c = control("HowText");
+        const int border = kit::LabelFace::borderWidth;
+        const QFont font = kit::makeFont(c->row().font, c->fontSize(), c->row().bold);
+        const kit::TextBlock lines = kit::measureText(QString::fromStdString(b.HowText.caption), font,
+                                                      c->widget()->width() - 2 * border, c->row().align);
+        const double height = std::min(c->row().height, (std::ceil(lines.height()) + 2 * border + 6) * kit::twipsPerPixel);
+        c->placeTwips(c->leftTwips(), howBottom - height, c->widthTwips(), height);
+    }
+    const bool howChanged = !s || s->HowText.visible != b.HowText.visible;
+    const QRect how = b.HowText.visible ? control("HowText")->widget()->geometry() : QRect();
+    const auto clear = [&how](const kit::Control* c) { return !how.intersects(c->widget()->geometry()); };
 
     for (std::size_t n = 1; n <= 100; ++n) {
         if (kit::Control* label = k.find("Label1", static_cast<int>(n))) {
@@ -202,7 +300,7 @@ void Fen1Form::sync() {
             if (!was || was->left != now.left || was->top != now.top || was->width != now.width)
                 label->placeTwips(now.left, now.top, now.width, 480);
             if (!was || was->fore != now.fore) label->setForeColor(now.fore);
-            if (!was || was->visible != now.visible) label->setVisible(now.visible);
+            if (!was || was->visible != now.visible || howChanged) label->setVisible(now.visible && clear(label));
         }
         auto* counter = dynamic_cast<kit::Image*>(k.find("Image1", static_cast<int>(n)));
         if (counter) {
@@ -214,7 +312,7 @@ void Fen1Form::sync() {
                 counter->widget()->setAccessibleName(counterName(static_cast<int>(n)));
             }
             if (!was || was->left != now.left || was->top != now.top) counter->placeTwips(now.left, now.top, 480, 480);
-            if (!was || was->visible != now.visible) counter->setVisible(now.visible);
+            if (!was || was->visible != now.visible || howChanged) counter->setVisible(now.visible && clear(counter));
         }
     }
     if (auto* flash = get<kit::Image>("Image3")) {
@@ -224,7 +322,7 @@ void Fen1Form::sync() {
             else flash->setPicture(b.Image3.picture);
         }
         if (!was || was->left != b.Image3.left || was->top != b.Image3.top) flash->placeTwips(b.Image3.left, b.Image3.top, 480, 480);
-        if (!was || was->visible != b.Image3.visible) flash->setVisible(b.Image3.visible);
+        if (!was || was->visible != b.Image3.visible || howChanged) flash->setVisible(b.Image3.visible && clear(flash));
     }
     if (kit::Control* line = control("Label2")) {
         const MessageLine* was = s ? &s->Label2 : nullptr;
@@ -241,6 +339,15 @@ void Fen1Form::sync() {
     syncControl(control("Label13"), b.Label13, s ? &s->Label13 : nullptr, false);
     syncControl(control("Label10"), b.Label10, s ? &s->Label10 : nullptr, false);
     syncControl(control("Label9"), b.Label9, s ? &s->Label9 : nullptr, false);
+    syncControl(control("ShowHow"), b.ShowHow, s ? &s->ShowHow : nullptr, false);
+    syncControl(control("HowText"), b.HowText, s ? &s->HowText : nullptr, false);
+    // A screen reader on the button hears the explanation it opened.
+    if (howChanged || s->HowText.caption != b.HowText.caption) {
+        const QString how = b.HowText.visible ? QString::fromStdString(b.HowText.caption) : QString();
+        control("ShowHow")->widget()->setAccessibleDescription(how);
+        // and is told it, as the game's events are, wherever the focus is.
+        if (keys_ && !how.isEmpty()) keys_->announcer()->say(how);
+    }
 
     if (shown_) *shown_ = b;
     else shown_ = std::make_unique<BoardModel>(b);

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "engine/fen1.h"
 #include "engine/game_state.h"
@@ -36,17 +38,26 @@ public:
     // The keyboard and the screen reader on the board; none before the load.
     BoardKeys* keys() const { return keys_; }
 
+    // Adds the moves not yet in games.csv to it. The board does this when its
+    // game ends and when it is left; a write that fails is told once a run.
+    void recordGame();
+
 protected:
     void keyPressEvent(QKeyEvent* e) override;
 
 private:
+    void afterEvent();
+    void stampMoves();
     void textshow();
     QString counterName(int n) const;
     void syncControl(kit::Control* c, const ControlState& now, const ControlState* before, bool withBack);
 
     std::unique_ptr<Fen1> game_;
-    std::unique_ptr<BoardModel> shown_;
-    BoardKeys* keys_ = nullptr;   // a child of the window   // the model as the widgets show it; none before the first sync
+    std::unique_ptr<BoardModel> shown_;   // the model as the widgets show it; none before the first sync
+    BoardKeys* keys_ = nullptr;           // a child of the window
+    std::vector<std::string> moveTimes_;  // when each move of the game was made, by the local clock
+    std::size_t recorded_ = 0;            // moves already in games.csv
+    int gameNumber_ = 0;                  // the game's number there, from its first line on
 };
 
 }  // namespace fendle

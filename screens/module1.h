@@ -49,6 +49,8 @@ public:
     // text\messages.csv, which is read at the first use; "%1" becomes `arg`.
     QString message(const Message& m, std::string_view arg = {});
     QString message(const Problem& p);
+    // The table itself, for texts whose "%1" … are filled later.
+    const MessageTable& messages();
 
     // The high-score table: rows 0 to 9 in use, row 10 never touched.
     std::array<std::string, 11> highnames{};
@@ -63,6 +65,10 @@ public:
     std::optional<i16> unsavedLanguage;
     // The same for the marks on the counters and countermarks.txt.
     std::optional<i16> unsavedCountermarks;
+
+    // Whether the user has been told that games.csv could not take a game:
+    // once in a run is enough.
+    bool toldGameNotRecorded = false;
 
     // Gives a screen the page size of 12000 x 9000 twips (800 x 600 pixels)
     // and centres it on its screen, with the hourglass up meanwhile.
@@ -80,7 +86,6 @@ public:
 
 private:
     PortFactory ports_;
-    const MessageTable& messages();
     std::unique_ptr<MessageTable> messages_;
 
 public:

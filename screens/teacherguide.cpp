@@ -21,13 +21,13 @@ constexpr int exitButton = 0;
 // word joiners (U+2060) keep the folder's name, and "colour-blind", on one
 // line.
 constexpr const char* helpText =
-    "Fendle! is simple to use. The README in /\u2060usr/\u2060share/\u2060doc/\u2060fendle tells you how to install it, "
-    "and where to report a problem. For colour-\u2060blind pupils, tick Shapes on counters on the set-up screen.";
+    "Fendle! is simple to use. The README in /\u2060usr/\u2060share/\u2060doc/\u2060fendle tells you how, and where "
+    "to report a problem. For colour-\u2060blind pupils, tick Shapes on counters on the set-up screen.";
 constexpr const char* filesText =
-    "The saved game and the high scores are kept in your home folder, in .local/\u2060state/\u2060fendle.";
+    "The saved game, the high scores and games.csv are kept in your home folder, in .local/\u2060state/\u2060fendle.";
 constexpr const char* resetText =
-    "Run from its build folder, Fendle! keeps them beside the program. To clear the high scores, close "
-    "Fendle! and delete highscores.txt.";
+    "games.csv has a line for each move, under a line that names its columns. To clear the high scores, "
+    "delete highscores.txt.";
 
 // Label3: (0) Exit, (1) to (3) the texts.
 constexpr Row text(int index, double top, double width, double height, const char* caption, bool bold) {

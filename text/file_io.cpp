@@ -112,4 +112,63 @@ bool writeFileAtomic(const std::string& path, std::string_view bytes, std::strin
     return true;
 }
 
+std::optional<std::string> readFileTail(const std::string& path, std::size_t count) {
+    std::ifstream in(path, std::ios::binary | std::ios::ate);
+    if (!in) return std::nullopt;
+    const std::streamoff size = in.tellg();
+    const std::streamoff from = size > std::streamoff(count) ? size - std::streamoff(count) : 0;
+    in.seekg(from);
+    std::string tail(static_cast<std::size_t>(size - from), '\0');
+    if (!in.read(tail.data(), std::streamsize(tail.size()))) return std::nullopt;
+    return tail;
+}
+
+namespace {
+
+// Writes all of `bytes`, as many calls as the system needs.
+bool writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t n = ::write(fd, bytes.data(), bytes.size());
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(n));
+    }
+    return true;
+}
+
+}  // namespace
+
+std::size_t appendLines(const std::string& path, std::string_view head, std::span<const std::string> lines,
+                        std::string* error) {
+    makeUserFolderFor(path);
+    const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    if (fd < 0) {
+        fail(error, "cannot open " + path);
+        return 0;
+    }
+    struct stat st {};
+    bool ok = ::fstat(fd, &st) == 0;
+    if (ok && st.st_size == 0) {
+        ok = writeAll(fd, head);
+    } else if (ok) {
+        char last = '\n';
+        const int reader = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        if (reader >= 0) {
+            if (::pread(reader, &last, 1, st.st_size - 1) != 1) last = '\n';
+            ::close(reader);
+        }
+        if (last != '\n') ok = writeAll(fd, "\r\n");
+    }
+    std::size_t written = 0;
+    while (ok && written < lines.size()) {
+        ok = writeAll(fd, lines[written]);
+        if (ok) ++written;
+    }
+    // Lines the system has taken are in the file, flushed or not: they are
+    // counted, so that nobody writes them twice.
+    if ((ok && ::fsync(fd) != 0) || !ok) fail(error, "cannot add to " + path);
+    ::close(fd);
+    return written;
+}
+
 }  // namespace fendle

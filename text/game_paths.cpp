@@ -37,6 +37,8 @@ constexpr std::array<std::string_view, 4> ownFiles = {"numlang.txt", "lastgame.i
 bool isUserFile(std::string_view gameName) {
     for (std::string_view name : ownFiles)
         if (gameName == name) return true;
+    // The record of games grows beside them.
+    if (gameName == "games.csv") return true;
     return false;
 }
 

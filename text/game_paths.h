@@ -1,9 +1,9 @@
 // Where the game's files are. The game reads its texts, pictures, sounds and
 // connarray.dat from one data folder, which it never writes, and writes its
-// own files (numlang.txt, countermarks.txt, lastgame.inf, highscores.txt)
-// into one user folder. Both are decided here, once, when the program
-// starts; gamePath() in text/file_io.h then resolves every name the game
-// uses.
+// own files (numlang.txt, countermarks.txt, lastgame.inf, highscores.txt
+// and the record of games, games.csv) into one user folder. Both are decided
+// here, once, when the program starts; gamePath() in text/file_io.h then
+// resolves every name the game uses.
 //
 // Until folders are set, every name stays relative to the working directory,
 // as the tests that run in a copy of the game folder expect.
@@ -19,7 +19,7 @@ namespace fendle {
 
 struct GameFolders {
     std::string data;   // read only: text/, Images/, images/, Balls/, counters/, wav/, connarray.dat
-    std::string user;   // numlang.txt, countermarks.txt, lastgame.inf, highscores.txt
+    std::string user;   // numlang.txt, countermarks.txt, lastgame.inf, highscores.txt, games.csv
 };
 
 // Whether the game writes this file itself, by the game's name of it

@@ -42,6 +42,11 @@ constexpr Message everyMessage[] = {
     msg::refuseNotOnBoard,
     msg::refuseCovered,
     msg::highscoreNameFor,
+    msg::showHowButton,
+    msg::howCannot,
+    msg::howBest,
+    msg::howRounded,
+    msg::gameNotRecorded,
 };
 
 }  // namespace

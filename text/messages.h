@@ -102,6 +102,17 @@ inline constexpr Message refuseCovered{"refuseCovered", "%1 is already covered"}
 // What a screen reader says of the high-score name box: "%1" the player
 // whose score it is, "%2" the score.
 inline constexpr Message highscoreNameFor{"highscoreNameFor", "Type the name for %1's score of %2 points"};
+// Show me how, on the board: the button, and the words round the numbers of
+// an explanation. howCannot: "%1" the number claimed, "%2" to "%5" the dice.
+// howBest: "%1" the best number, "%2" its points, "%3" how it is made.
+// howRounded: "%1" the expression, "%2" its exact value, "%3" the number.
+inline constexpr Message showHowButton{"showHowButton", "Show me how"};
+inline constexpr Message howCannot{"howCannot", "%1 can't be made from %2, %3, %4 and %5."};
+inline constexpr Message howBest{"howBest", "The best was %1, for %2 points: %3"};
+inline constexpr Message howRounded{"howRounded", "%1 = %2, which the game rounds to %3"};
+// Told once in a run when the record of a game cannot be added to games.csv.
+inline constexpr Message gameNotRecorded{
+    "gameNotRecorded", "The moves of this game could not be added to games.csv, the record of games for your teacher."};
 
 }  // namespace msg
 

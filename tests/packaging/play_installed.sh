@@ -127,7 +127,7 @@ stray=$(cd "$HOME" && find . -mindepth 1 ! -path ./.local ! -path ./.local/state
 if [ -d "$user" ]; then
     [ "$(stat -c %a "$user")" = 700 ] || fail "the user's folder is not the user's alone"
     for f in $(ls -A "$user"); do
-        case $f in numlang.txt | lastgame.inf | highscores.txt) ;; *) fail "unexpected file $f" ;; esac
+        case $f in numlang.txt | lastgame.inf | highscores.txt | countermarks.txt | games.csv) ;; *) fail "unexpected file $f" ;; esac
     done
 fi
 if [ "$mode" = home ]; then

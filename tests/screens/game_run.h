@@ -49,7 +49,7 @@ inline bool copyFolder(const QString& from, const QString& to, const QStringList
 // run has written there; the current folder while it lives.
 struct GameFolder {
     GameFolder() {
-        copyFolder(QStringLiteral(FENDLE_GAME_DIR), folder.path(), {"fendle", "lastgame.inf", "highscores.txt", "numlang.txt", "countermarks.txt"});
+        copyFolder(QStringLiteral(FENDLE_GAME_DIR), folder.path(), {"fendle", "lastgame.inf", "highscores.txt", "numlang.txt", "countermarks.txt", "games.csv"});
         previous = QDir::currentPath();
         QDir::setCurrent(folder.path());
     }

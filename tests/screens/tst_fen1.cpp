@@ -1,5 +1,6 @@
 // The board window on the virtual clock: the flash over the newest counter,
-// the message line by language, and the bonus banners.
+// the message line by language, the bonus banners, and Show me how.
+#include "fit_check.h"
 #include "game_run.h"
 
 using namespace fendle;
@@ -121,6 +122,66 @@ private slots:
         QCOMPARE(banner->caption(), QString("FENDLE!"));
         run->clock.advance(1000);
         QCOMPARE(banner->foreColor(), colour::red);   // and stays so
+    }
+
+    // Show me how against the computer, in English and French, with the
+    // words of messages.csv read here. Four 2s make at most 16 (2 x 2 x 2 x
+    // 2), worth 20 on an empty board: the best after Blue's 99, and the Level
+    // 3 computer's move. 1, 4, 4 and 6 make 17 only by rounding 4 x (4 + 1/6)
+    // = 50/3. Asking plays nothing and passes no turn; the throw takes the
+    // button away. Then, in all seven languages, the answer to a refused 89
+    // fits unshrunk, clear of every other control.
+    void showMeHow() {
+        const QString x = QStringLiteral(" \u00d7 "), sixteen = "16 =" + QString(" 2" + x + "2" + x + "2" + x + "2");
+        for (int language = 0; language < 7; ++language) {
+            run.reset();
+            run = std::make_unique<testing::GameRun>();
+            run->write("numlang.txt", QByteArray::number(language) + "\r\n");
+            run->open();
+            std::map<QString, QString> words;
+            for (const auto& row : run->table("text/messages.csv", 8)) words[row[0]] = row[std::size_t(language) + 1];
+            const auto fill = [&](const char* key, const QStringList& args) {
+                QString text = words[key];
+                for (int i = 0; i < args.size(); ++i) text.replace(QString("%%1").arg(i + 1), args[i]);
+                return text;
+            };
+            run->state().computerlevel = 3;
+            Fen1Form* f = run->showBoard(2);
+            kit::Control* how = f->control("HowText");
+            bool quiet = true;
+            const auto ask = [&](bool byKey) {
+                const auto sounds = run->sound->played.size();
+                const i16 turn = f->game().turn;
+                if (byKey) QTest::keyClick(f, Qt::Key_H);
+                else testing::GameRun::press(f, "ShowHow");
+                quiet = quiet && run->sound->played.size() == sounds && f->game().turn == turn;
+                return how->widget()->isVisible() ? how->caption() : QString();
+            };
+            QVERIFY(!f->control("ShowHow")->widget()->isVisible());
+            if (language > 1) {
+                run->throwDice({5, 5, 5, 6});
+                run->clickHexagon(89);
+                ask(false);
+                const testing::FitReport fit = testing::checkFit(*f);
+                QVERIFY2(fit.faults.isEmpty(), qPrintable(fit.faults.join('\n')));
+                QCOMPARE(static_cast<kit::Label*>(how)->drawnPixelSize(), kit::fontPixels(how->fontSize()));
+                continue;
+            }
+            run->throwDice({2, 2, 2, 2});
+            run->clickHexagon(99);
+            QCOMPARE(ask(false), fill("howCannot", {"99", "2", "2", "2", "2"}) + "\n" + fill("howBest", {"16", "20", sixteen}));
+            run->scriptDice({2, 2, 2, 2});
+            run->clock.advance(2000);   // Red's turn: the computer throws at once
+            QVERIFY(!f->control("ShowHow")->widget()->isVisible() && !how->widget()->isVisible());
+            run->clock.advance(2250 + 1000);
+            QCOMPARE(ask(true), sixteen);
+            QCOMPARE(ask(true), QString());   // asked again, it closes
+            run->clock.advance(2000);
+            run->throwDice({1, 4, 4, 6});
+            run->clickHexagon(17);
+            QCOMPARE(ask(true), fill("howRounded", {"4" + x + "(4 + 1 \u00f7 6)", "50/3", "17"}));
+            QVERIFY(quiet);
+        }
     }
 };
 

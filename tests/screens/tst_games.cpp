@@ -1,6 +1,7 @@
 // Whole games through the real screens: from the title screen through the
 // set-up screens onto the board, to the end of the game and an entry in the
-// high-score table; a game left with Exit and taken up again.
+// high-score table; a game left with Exit and taken up again; the record of
+// games that the board keeps for a teacher.
 #include "game_run.h"
 
 #include "saved/highscores.h"
@@ -15,6 +16,26 @@ HighScores tableOnDisk(const GameRun& g) {
     const QByteArray bytes = g.read("highscores.txt");
     readHighScores(std::string_view(bytes.constData(), std::size_t(bytes.size())), t);
     return t;
+}
+
+// A file as RFC 4180 writes it: fields split at commas, one in double quotes
+// holding commas, line ends and doubled quotes; each line ended by CR LF.
+std::vector<QStringList> readCsv(const QString& text) {
+    std::vector<QStringList> rows(1);
+    QString field;
+    bool quoted = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (quoted && c == '"' && text.mid(i + 1, 1) == "\"") field += text[i++];
+        else if (c == '"') quoted = !quoted;
+        else if (quoted || (c != ',' && text.mid(i, 2) != "\r\n")) field += c;
+        else {
+            rows.back() << std::exchange(field, {});
+            if (c != ',') rows.emplace_back(), ++i;
+        }
+    }
+    rows.pop_back();   // what follows the last line end
+    return rows;
 }
 
 }  // namespace
@@ -206,6 +227,44 @@ private slots:
         QVERIFY(!g.loaded("fen1"));
         QCOMPARE(int(g.state().restartgame), 0);
         QVERIFY(g.sound->played.empty());
+    }
+
+    // Three moves of two players left with Exit, then a game of one move left
+    // with New Game: games.csv, read back here, holds its mark, one heading
+    // and a row per move. Four 2s make at most 16, worth 20 on an empty board;
+    // 1, 4, 4 and 6 make 17 only by rounding 50/3.
+    void theRecordOfGames() {
+        GameRun g;
+        g.startGame(1);
+        const std::pair<std::array<int, 4>, int> moves[] = {{{2, 2, 2, 2}, 50}, {{6, 6, 6, 6}, 24}, {{1, 4, 4, 6}, 17}};
+        for (const auto& [dice, n] : moves) {
+            g.throwDice(dice);
+            g.clickHexagon(n);
+            g.clock.advance(2000);
+        }
+        GameRun::press(g.board(), "Label3", button::exitGame);
+        g.startGame(1);
+        g.throwDice({1, 1, 1, 1});
+        g.clickHexagon(4);
+        GameRun::press(g.board(), "Label3", button::newGame);
+
+        const QByteArray bytes = g.read("games.csv");
+        QVERIFY(bytes.startsWith("\xEF\xBB\xBF") && bytes.endsWith("\r\n"));
+        const std::vector<QStringList> rows = readCsv(QString::fromUtf8(bytes.mid(3)));
+        const QString x = QStringLiteral(" \u00d7 ");
+        const std::vector<QStringList> expected = {
+            {"Date and time", "Game", "Colour", "Name", "Die 1", "Die 2", "Die 3", "Die 4", "Number", "Legal", "Points", "Bonus", "Best number", "Expression"},
+            {"", "1", "Blue", "Blue", "2", "2", "2", "2", "50", "no", "0", "0", "16", "2" + x + "2" + x + "2" + x + "2"},
+            {"", "1", "Red", "Red", "6", "6", "6", "6", "24", "yes", "20", "0", "", "6 + 6 + 6 + 6"},
+            {"", "1", "Blue", "Blue", "1", "4", "4", "6", "17", "yes", "20", "0", "", "4" + x + "(4 + 1 \u00f7 6) = 50/3"},
+            {"", "2", "Blue", "Blue", "1", "1", "1", "1", "4", "yes", "10", "0", "", "1 + 1 + 1 + 1"},
+        };
+        QCOMPARE(rows.size(), expected.size());
+        for (std::size_t i = 1; i < rows.size(); ++i) {
+            QVERIFY(QRegularExpression("^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d$").match(rows[i].value(0)).hasMatch());
+            QCOMPARE(rows[i].mid(1), expected[i].mid(1));
+        }
+        QCOMPARE(rows[0], expected[0]);
     }
 };
 
