@@ -23,17 +23,6 @@ class TestFen1 : public QObject {
 private slots:
     void cleanup() { run.reset(); }
 
-    void welshShrinksTheMessageLineForPoints() {
-        Fen1Form* f = board(2, 6);
-        run->throwDice({1, 1, 1, 1});
-        run->clickHexagon(4);
-        QCOMPARE(f->control("Label2")->fontSize(), 19.0);
-        QCOMPARE(f->control("Label2")->widget()->y(), kit::px(120));
-        run->clock.advance(2000);
-        QCOMPARE(f->control("Label2")->fontSize(), 28.0);
-        QCOMPARE(f->control("Label2")->widget()->y(), 0);
-    }
-
     void theFlashAndTheCountersShowInFront() {
         Fen1Form* f = board(1);
         run->throwDice({1, 1, 1, 1});

@@ -10,6 +10,13 @@
 //   cmake --build <build> --target renew-golden
 // It rewrites golden.txt, keeps every picture in <build>/golden/approved/ and
 // puts those that changed in <build>/golden/changed/ for review.
+//
+// Beside each picture the table keeps what no picture shows: the shot's
+// controls as the program holds them, hidden ones too, with their places in
+// twips (a change smaller than half a pixel draws the same picture), fonts,
+// colours, captions, pictures, values, Visible and Enabled, and the window's
+// title. That record is "<shot>/controls", compared by its hash like the
+// picture and written out as text beside the pictures.
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -26,7 +33,11 @@ using testing::GameRun;
 
 namespace {
 
-using Shots = std::map<QString, QImage>;
+struct Shot {
+    QImage image;
+    QString controls;
+};
+using Shots = std::map<QString, Shot>;
 
 QImage render(QWidget* w) { return w->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
@@ -36,6 +47,38 @@ QString hashOf(const QImage& img) {
     for (int y = 0; y < img.height(); ++y)
         h.addData(QByteArrayView(reinterpret_cast<const char*>(img.constScanLine(y)), img.width() * 4));
     return QString::fromLatin1(h.result().toHex().left(32));
+}
+QString hashOf(const QString& text) {
+    return QString::fromLatin1(QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toHex().left(32));
+}
+
+QString colourText(Rgb c) { return QStringLiteral("#%1").arg((c.r << 16) | (c.g << 8) | c.b, 6, 16, QChar('0')); }
+
+// The window and each of its controls, one line each, in the order of the
+// window's children.
+QString controlsOf(const Form& f) {
+    QStringList lines{QStringLiteral("%1 \"%2\" %3x%4 at %5,%6 %7").arg(QString::fromStdString(f.name()), f.windowTitle())
+                          .arg(f.width()).arg(f.height()).arg(f.x()).arg(f.y()).arg(colourText(f.backColor()))};
+    for (QWidget* w : f.findChildren<QWidget*>()) {
+        const kit::Control* c = kit::Control::of(w);
+        if (!c) continue;
+        const QFont font = w->font();
+        QString more;
+        if (auto* i = dynamic_cast<const kit::Image*>(c)) more = QString::fromStdString(i->picture());
+        if (auto* p = dynamic_cast<const kit::PictureBox*>(c)) more = QString::fromStdString(p->picture());
+        if (auto* b = dynamic_cast<const kit::CheckBox*>(c)) more = QString::number(b->value());
+        if (auto* o = dynamic_cast<const kit::OptionButton*>(c)) more = QString::number(o->value());
+        if (c->kind() == kit::Kind::Line)
+            more = QStringLiteral("%1,%2 %3,%4").arg(c->row().x1).arg(c->row().y1).arg(c->row().x2).arg(c->row().y2);
+        lines << QStringLiteral("%1(%2) %3 %4 %5 %6 %7 %8 %9%10 %11 %12 %13%14 \"%15\" %16")
+                     .arg(QString::fromStdString(c->name())).arg(c->index())
+                     .arg(c->leftTwips()).arg(c->topTwips()).arg(c->widthTwips()).arg(c->heightTwips())
+                     .arg(c->fontSize()).arg(font.family()).arg(font.pixelSize()).arg(font.bold() ? "b" : "")
+                     .arg(colourText(c->foreColor()), colourText(c->backColor()))
+                     .arg(c->visible() ? "shown" : "hidden").arg(c->enabled() ? "" : " disabled")
+                     .arg(c->caption(), more);
+    }
+    return lines.join('\n') + '\n';
 }
 
 // A high-score table with a long name, a short one and an empty row, so that
@@ -52,7 +95,7 @@ void shootLanguage(int lang, Shots& out) {
     auto shoot = [&](const char* screen, const char* state = "") {
         Form* f = g.screen(screen);
         QVERIFY2(f && f->isVisible(), screen);
-        out[QString::fromLatin1(screen) + QString::fromLatin1(state) + tag] = render(f);
+        out[QString::fromLatin1(screen) + QString::fromLatin1(state) + tag] = {render(f), controlsOf(*f)};
     };
     auto alone = [&](const char* screen) {
         g.module->screens.show(screen);
@@ -79,6 +122,7 @@ void shootLanguage(int lang, Shots& out) {
     shoot("Startautoplay2");
     GameRun::tick(g.screen("Startautoplay2"), "Option1", 2);
     GameRun::press(g.screen("Startautoplay2"), "Label7");
+    shoot("fen1", ".start");
     g.throwDice({1, 2, 3, 4});
     g.clickHexagon(24);
     shoot("fen1", ".computer");
@@ -90,6 +134,10 @@ void shootLanguage(int lang, Shots& out) {
     g.throwDice({6, 5, 4, 3});
     g.clickHexagon(18);
     shoot("fen1", ".four");
+    g.clock.advance(2000);
+    g.throwDice({1, 1, 1, 1});
+    g.clickHexagon(50);   // Red's four ones cannot make 50
+    shoot("fen1", ".illegal");
 }
 
 Shots shootAll() {
@@ -125,6 +173,11 @@ QImage difference(const QImage& approved, const QImage& now) {
 
 const QString goldenDir = QStringLiteral(FENDLE_GOLDEN_DIR);
 
+void writeText(const QString& path, const QString& text) {
+    QFile f(path);
+    if (f.open(QIODevice::WriteOnly | QIODevice::Truncate)) f.write(text.toUtf8());
+}
+
 }  // namespace
 
 class TestGolden : public QObject {
@@ -145,20 +198,28 @@ private slots:
 
         QStringList faults;
         QDir(goldenDir).mkpath(QStringLiteral("diff"));
-        for (const auto& [shot, image] : shots) {
+        const QString diff = goldenDir + "/diff/", approvedDir = goldenDir + "/approved/";
+        for (const auto& [shot, now] : shots) {
             const auto it = table.find(shot);
-            const QString hash = hashOf(image);
-            if (it != table.end() && it->second == hash) continue;
-            faults << (it == table.end() ? shot + " has no approved picture" : shot + " differs from its approved picture");
-            image.save(goldenDir + "/diff/" + shot + ".png");
-            const QImage approved(goldenDir + "/approved/" + shot + ".png");
-            if (it != table.end() && !approved.isNull() && hashOf(approved.convertToFormat(QImage::Format_RGB32)) == it->second) {
-                approved.save(goldenDir + "/diff/" + shot + ".approved.png");
-                difference(approved.convertToFormat(QImage::Format_RGB32), image).save(goldenDir + "/diff/" + shot + ".difference.png");
+            if (it == table.end() || it->second != hashOf(now.image)) {
+                faults << (it == table.end() ? shot + " has no approved picture" : shot + " differs from its approved picture");
+                now.image.save(diff + shot + ".png");
+                const QImage approved = QImage(approvedDir + shot + ".png").convertToFormat(QImage::Format_RGB32);
+                if (it != table.end() && !approved.isNull() && hashOf(approved) == it->second) {
+                    approved.save(diff + shot + ".approved.png");
+                    difference(approved, now.image).save(diff + shot + ".difference.png");
+                }
+            }
+            const auto was = table.find(shot + "/controls");
+            if (was == table.end() || was->second != hashOf(now.controls)) {
+                faults << shot + "'s controls differ from those approved (compare " + shot + ".txt with its .approved.txt)";
+                writeText(diff + shot + ".txt", now.controls);
+                QFile::remove(diff + shot + ".approved.txt");
+                QFile::copy(approvedDir + shot + ".txt", diff + shot + ".approved.txt");
             }
         }
-        for (const auto& [shot, hash] : table)
-            if (!shots.count(shot)) faults << shot + " was approved but is no longer shot";
+        for (const auto& [entry, hash] : table)
+            if (!shots.count(entry.section('/', 0, 0))) faults << entry + " was approved but is no longer shot";
         if (!faults.isEmpty()) faults << "pictures in " + goldenDir + "/diff; after review: cmake --build <build> --target renew-golden";
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
@@ -170,16 +231,18 @@ private:
         QDir(goldenDir).mkpath(QStringLiteral("changed"));
         QFile f(QStringLiteral(FENDLE_GOLDEN_TABLE));
         QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate));
-        f.write("# Approved pictures of the screens: shot, hash. Renewed by the target renew-golden\n"
-                "# after a person has looked at every picture that changed.\n");
+        f.write("# Approved pictures of the screens and records of their controls: shot, hash. Renewed by\n"
+                "# the target renew-golden after a person has looked at every picture and record that changed.\n");
         int changed = 0;
-        for (const auto& [shot, image] : shots) {
-            const QString hash = hashOf(image);
-            f.write((shot + ' ' + hash + '\n').toUtf8());
-            image.save(goldenDir + "/approved/" + shot + ".png");
-            const auto it = old.find(shot);
-            if (it == old.end() || it->second != hash) {
-                image.save(goldenDir + "/changed/" + shot + ".png");
+        for (const auto& [shot, now] : shots) {
+            const QString hash = hashOf(now.image), controls = hashOf(now.controls);
+            f.write((shot + ' ' + hash + '\n' + shot + "/controls " + controls + '\n').toUtf8());
+            now.image.save(goldenDir + "/approved/" + shot + ".png");
+            writeText(goldenDir + "/approved/" + shot + ".txt", now.controls);
+            const auto it = old.find(shot), was = old.find(shot + "/controls");
+            if (it == old.end() || it->second != hash || was == old.end() || was->second != controls) {
+                now.image.save(goldenDir + "/changed/" + shot + ".png");
+                writeText(goldenDir + "/changed/" + shot + ".txt", now.controls);
                 ++changed;
             }
         }

@@ -1,5 +1,7 @@
-// The form kit: labels and label-buttons paint, fit their words and click as
-// they should, the bold Tahoma is bold, and the choices report their changes.
+// The form kit: labels and label-buttons paint and click as they should, the
+// bold Tahoma is bold, and the choices report their changes. How labels fit
+// their words is held by the approved shots of every screen (tst_golden) and
+// the fit check of tst_look.
 #include <QAbstractButton>
 #include <QFile>
 #include <QFontMetricsF>
@@ -190,46 +192,6 @@ private slots:
             QVERIFY2(countColour(img, qRgb(255, 255, 255), QRect(p - QPoint(1, 1), QSize(3, 3))) > 0,
                      qPrintable(QString::number(p.x())));
         for (QPoint p : {QPoint(210, 20), QPoint(310, 80), QPoint(350, 50)}) QCOMPARE(img.pixel(p) & 0xFFFFFF, 0u);
-    }
-
-    void longTextShrinksIntoItsBox() {
-        const QFont design = kit::makeFont(Face::Arial, 15.75, true);
-        // A word that just fits its box: its outline must not make it smaller.
-        const int rouge = QFontMetrics(design).horizontalAdvance(QStringLiteral("Rouge"));
-        const struct { const char* text; QSize box; bool border, shrinks, outline = false; } cases[] = {
-            {"Set Total Time Allowed", {208, 50}, false, false},   // two lines that fit
-            {"6", {33, 33}, true, false},                          // a die's digit fills its face
-            {"Nouvelle partie de jeu", {161, 33}, true, true},
-            {"Spielanleitung", {90, 40}, false, true},             // one long word
-            {"100", {32, 32}, false, true},
-            // Outlined, the text keeps its size and its outline its box.
-            {"Seconds\nRemaining", {120, 50}, false, false, true},
-            {"Spielanleitung", {90, 40}, false, true, true},
-            {"Rouge", {rouge + 1, 24}, false, false, true},
-        };
-        for (const auto& [text, box, border, shrinks, outline] : cases) {
-            kit::LabelFace face;
-            face.text = QString::fromUtf8(text);
-            face.font = design;
-            face.fore = Qt::white;
-            face.back = Qt::black;
-            face.border = border;
-            face.outline = outline;
-            face.align = Align::Centre;
-            const int drawn = face.fitted(box).pixelSize();
-            QVERIFY2(shrinks ? drawn < 21 : drawn == 21, text);
-            // Painted with room around it, no ink leaves the box.
-            QImage img(box + QSize(200, 200), QImage::Format_RGB32);
-            const QRgb back = qRgb(0, 0, 255);
-            img.fill(back);
-            const QRect where(QPoint(100, 100), box);
-            QPainter p(&img);
-            face.paint(p, where, true);
-            p.end();
-            const int outside = img.width() * img.height() - box.width() * box.height();
-            QCOMPARE(countColour(img, back) - countColour(img, back, where), outside);
-            QVERIFY(countColour(img, qRgb(255, 255, 255), where) > 10);
-        }
     }
 
     // Each option array is a group of its own; a yellow caption leaves the
