@@ -4,7 +4,9 @@ number without asking the game.
 
     reachable.py sum a b c d                 the sum of the dice
     reachable.py unreachable a b c d [n]     the least number 1 to 100 they
-                                             cannot make, other than n
+                                             cannot make, even by the game's
+                                             rounding (half to even), other
+                                             than n
     reachable.py reward n                    the points of number n's zone
 """
 import sys
@@ -42,7 +44,8 @@ def main(args):
         return
     made = results(tuple(sorted(Fraction(d) for d in dice)))
     other = int(args[5]) if len(args) > 5 else 0
-    print(next(n for n in range(1, 101) if Fraction(n) not in made and n != other))
+    rounded = {round(v) for v in made}   # Python rounds a Fraction's half to even
+    print(next(n for n in range(1, 101) if n not in rounded and n != other))
 
 
 main(sys.argv[1:])
