@@ -3,8 +3,10 @@
 # TrueType faces made here, in pairs, each file a big-endian 16-bit length,
 # the face that gives the spacing, then the face that gives the shapes.
 # face_* files make a bold face; damaged_* files are damaged in one way each
-# and make none. Run it from this folder: python3 make_bold_face_seeds.py
+# and make none. The build runs it into its own folder, so that the
+# repository keeps no binary files: python3 make_bold_face_seeds.py FOLDER
 import struct
+import sys
 from pathlib import Path
 
 
@@ -160,7 +162,7 @@ seeds = {
     'damaged_tables_laid_over_each_other': (overlaid(spacing()), shapes()),
 }
 
-folder = Path(__file__).resolve().parent / 'corpus' / 'bold_face'
+folder = Path(sys.argv[1])
 folder.mkdir(parents=True, exist_ok=True)
 for name, (a, b) in seeds.items():
     (folder / f'{name}.bin').write_bytes(u16(len(a)) + a + b)
