@@ -41,76 +41,68 @@ private slots:
     // of a game, by language: the rows of text.csv, and the design's table of
     // the message line stage by stage; an empty cell keeps what the stage
     // before left.
-    void theEndOfAGameByLanguage_data() {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<bool>("draw");
-        QTest::addColumn<QList<double>>("expected");   // top, size: game over, +500, result
-        const QList<double> plain = {0, 27.75, 0, 27.75, 0, 27.75};
-        QTest::newRow("0") << 0 << false << plain;
-        QTest::newRow("1") << 1 << false << QList<double>{0, 27.75, 120, 19, 120, 19};
-        QTest::newRow("2") << 2 << false << QList<double>{0, 27.75, 0, 24, 0, 24};
-        QTest::newRow("3") << 3 << false << QList<double>{120, 19, 120, 19, 120, 19};
-        QTest::newRow("4") << 4 << false << plain;
-        QTest::newRow("5") << 5 << false << QList<double>{120, 19, 120, 19, 120, 22};
-        QTest::newRow("6") << 6 << false << QList<double>{120, 24, 120, 24, 120, 19};
-        QTest::newRow("0, a draw") << 0 << true << plain;
-        QTest::newRow("2, a draw") << 2 << true << QList<double>{0, 27.75, 0, 24, 120, 20};
-    }
     void theEndOfAGameByLanguage() {
-        QFETCH(int, language);
-        QFETCH(bool, draw);
-        QFETCH(QList<double>, expected);
-        Fen1Form* f = board(2, language);
-        const auto t = run->table("text/text.csv"), r = run->table("text/rules.csv");
-        const auto text = [&](int row) { return t[std::size_t(row)][std::size_t(language)]; };
-        kit::Control* line = f->control("Label2");
-        const auto stage = [&](int k, const QString& caption) {
-            QCOMPARE(line->caption(), caption);
-            QCOMPARE(line->widget()->y(), kit::px(expected[2 * k]));
-            QCOMPARE(line->fontSize(), expected[2 * k + 1]);
+        const QList<double> plain = {0, 27.75, 0, 27.75, 0, 27.75};
+        const struct {
+            int language;
+            bool draw;
+            QList<double> expected;   // top, size: game over, +500, result
+        } cases[] = {
+            {0, false, plain}, {1, false, {0, 27.75, 120, 19, 120, 19}}, {2, false, {0, 27.75, 0, 24, 0, 24}},
+            {3, false, {120, 19, 120, 19, 120, 19}}, {4, false, plain}, {5, false, {120, 19, 120, 19, 120, 22}},
+            {6, false, {120, 24, 120, 24, 120, 19}}, {0, true, plain}, {2, true, {0, 27.75, 0, 24, 120, 20}},
         };
-        run->layPathBut(1, 2);
-        run->throwDice({1, 1, 1, 1});
-        run->clickHexagon(1);   // Blue completes the path, with a bonus
-        const int blue = f->control("Label6", 1)->caption().toInt();
-        run->clock.advance(2000);
-        stage(0, text(38));
-        run->clock.advance(2000);
-        stage(1, text(37) + ' ' + r[37][std::size_t(language)]);
-        QCOMPARE(f->control("Label6", 1)->caption(), QString::number(blue + 500));
-        if (draw) {
-            f->model().Label6[2].caption = std::to_string(blue + 500);
-            f->sync();
+        for (const auto& [language, draw, expected] : cases) {
+            Fen1Form* f = board(2, language);
+            const auto t = run->table("text/text.csv"), r = run->table("text/rules.csv");
+            const auto text = [&](int row) { return t[std::size_t(row)][std::size_t(language)]; };
+            kit::Control* line = f->control("Label2");
+            const auto stage = [&](int k, const QString& caption) {
+                QCOMPARE(line->caption(), caption);
+                QCOMPARE(line->widget()->y(), kit::px(expected[2 * k]));
+                QCOMPARE(line->fontSize(), expected[2 * k + 1]);
+            };
+            run->layPathBut(1, 2);
+            run->throwDice({1, 1, 1, 1});
+            run->clickHexagon(1);   // Blue completes the path, with a bonus
+            const int blue = f->control("Label6", 1)->caption().toInt();
+            run->clock.advance(2000);
+            stage(0, text(38));
+            run->clock.advance(2000);
+            stage(1, text(37) + ' ' + r[37][std::size_t(language)]);
+            QCOMPARE(f->control("Label6", 1)->caption(), QString::number(blue + 500));
+            if (draw) {
+                f->model().Label6[2].caption = std::to_string(blue + 500);
+                f->sync();
+            }
+            run->clock.advance(2000);
+            stage(2, text(draw ? 35 : 31));
         }
-        run->clock.advance(2000);
-        stage(2, text(draw ? 35 : 31));
     }
 
     // The two bonus banners flash yellow, and both end red on "FENDLE!".
-    void theBonusFlashesEndRed_data() {
-        QTest::addColumn<QList<int>>("moves");   // Blue, Red, Blue: the last earns the bonus
-        QTest::addColumn<QString>("firstTick");
-        QTest::newRow("100 on 1, between 2 and 3") << QList<int>{3, 2, 1} << "FENDLE!";
-        QTest::newRow("200 on the prime 2, between 3 and 5") << QList<int>{3, 5, 2} << "DOUBLE";
-    }
     void theBonusFlashesEndRed() {
-        QFETCH(QList<int>, moves);
-        QFETCH(QString, firstTick);
-        Fen1Form* f = board(2);
-        for (int n : moves) {
-            run->throwDice({1, 2, 3, 4});
-            run->clickHexagon(n);
-            if (n != moves.last()) run->clock.advance(2000);
+        const std::pair<QList<int>, QString> cases[] = {   // Blue, Red, Blue: the last earns the bonus
+            {{3, 2, 1}, "FENDLE!"},   // 100 on 1, between 2 and 3
+            {{3, 5, 2}, "DOUBLE"},    // 200 on the prime 2, between 3 and 5
+        };
+        for (const auto& [moves, firstTick] : cases) {
+            Fen1Form* f = board(2);
+            for (int n : moves) {
+                run->throwDice({1, 2, 3, 4});
+                run->clickHexagon(n);
+                if (n != moves.last()) run->clock.advance(2000);
+            }
+            kit::Control* banner = f->control("Label9");
+            run->clock.advance(250);
+            QCOMPARE(banner->foreColor(), colour::yellow);
+            QCOMPARE(banner->caption(), firstTick);
+            run->clock.advance(9 * 250);
+            QCOMPARE(banner->foreColor(), colour::red);
+            QCOMPARE(banner->caption(), QString("FENDLE!"));
+            run->clock.advance(1000);
+            QCOMPARE(banner->foreColor(), colour::red);   // and stays so
         }
-        kit::Control* banner = f->control("Label9");
-        run->clock.advance(250);
-        QCOMPARE(banner->foreColor(), colour::yellow);
-        QCOMPARE(banner->caption(), firstTick);
-        run->clock.advance(9 * 250);
-        QCOMPARE(banner->foreColor(), colour::red);
-        QCOMPARE(banner->caption(), QString("FENDLE!"));
-        run->clock.advance(1000);
-        QCOMPARE(banner->foreColor(), colour::red);   // and stays so
     }
 
     // Show me how against the computer, in English and French, with the
