@@ -5,34 +5,25 @@
 // game, the high scores and the language carry over.
 //
 // The seed comes from FENDLE_MONKEY_SEED, else from the time of day, and is
-// printed first; FENDLE_MONKEY_EVENTS sets the number of events (20000),
-// and FENDLE_MONKEY_HANG_SECONDS how long one event may take (10). A broken
-// invariant, a hang, a crash or a sanitizer's report prints the seed, the
-// command that replays the run, and the last 50 events.
+// printed first; FENDLE_MONKEY_EVENTS sets the number of events (20000). A
+// broken invariant prints the command that replays the run and the last 50
+// events.
 #include "../screens/game_run.h"
 
 #include <QApplication>
 #include <QPointer>
 
-#include <atomic>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <cstring>
+#include <deque>
 #include <map>
 #include <random>
 #include <set>
-#include <thread>
-#include <unistd.h>
 
 #include "saved/highscores.h"
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
 #include "text/file_io.h"
-
-// Present when the process runs under a sanitizer: called on the way out of
-// its report.
-extern "C" void __sanitizer_set_death_callback(void (*callback)(void)) __attribute__((weak));
 
 using namespace fendle;
 using testing::GameRun;
@@ -44,92 +35,29 @@ std::uint64_t fromEnvironment(const char* name, std::uint64_t otherwise) {
     return v && *v ? std::strtoull(v, nullptr, 10) : otherwise;
 }
 
-std::int64_t nowMs() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-void put(const char* s) {
-    for (std::size_t left = std::strlen(s); left > 0;) {
-        const ssize_t n = ::write(STDERR_FILENO, s, left);
-        if (n <= 0) return;
-        s += n;
-        left -= std::size_t(n);
-    }
-}
-
-// The lines of the last 50 events, one buffer for each, and the seed and the
-// command that replays the run up to the event running, written out before
-// they are needed: a signal handler or the watchdog prints them with write()
-// alone. The watchdog aborts, after printing, when one event runs longer
-// than its limit.
+// The lines of the last 50 events, printed with the seed and the command that
+// replays the run when an invariant breaks. A crash or a hang (the test's
+// time limit) is replayed from the seed printed first.
 class EventLog {
 public:
-    EventLog(std::uint64_t seed, int hangSeconds)
-        : seed_(seed), watchdog_([this, hangSeconds] {
-              while (!stop_) {
-                  std::this_thread::sleep_for(std::chrono::milliseconds(250));
-                  const std::int64_t n = running_;
-                  if (n >= 0 && nowMs() - startedMs_ > hangSeconds * 1000LL && running_ == n) {
-                      print("an event did not return (a hang)");
-                      std::abort();
-                  }
-              }
-          }) {}
-    ~EventLog() {
-        stop_ = true;
-        watchdog_.join();
-    }
-
+    explicit EventLog(std::uint64_t seed) : seed_(seed) {}
     void begin(std::int64_t n, const char* kind) {
-        std::snprintf(header_, sizeof header_,
-                      "==== seed %llu, event %lld\n==== replay: FENDLE_MONKEY_SEED=%llu FENDLE_MONKEY_EVENTS=%lld "
-                      "tst_monkey\n==== the last events, oldest first:\n",
-                      static_cast<unsigned long long>(seed_), static_cast<long long>(n),
-                      static_cast<unsigned long long>(seed_), static_cast<long long>(n));
         event_ = n;
-        events_[std::size_t(n) % events_.size()][0] = '\0';
-        std::string line = "#";
-        line.append(std::to_string(n)).append(" ").append(kind);
-        note(line);
-        startedMs_ = nowMs();
-        running_ = n;
+        if (lines_.size() == 50) lines_.pop_front();
+        lines_.push_back("#" + std::to_string(n) + " " + kind + "\n");
     }
-    void end() { running_ = -1; }
-    void note(const std::string& line) {
-        char* text = events_[std::size_t(event_) % events_.size()].data();
-        const std::size_t used = std::strlen(text);
-        std::snprintf(text + used, events_[0].size() - used, "%s\n", line.c_str());
-    }
-    // Once: a crash after a broken invariant adds nothing.
-    void print(const char* why) {
-        if (printed_.exchange(true)) return;
-        for (const char* s : {"\n==== monkey: ", why, "\n", static_cast<const char*>(header_)}) put(s);
-        for (std::size_t i = 1; i <= events_.size(); ++i) put(events_[std::size_t(event_ + i) % events_.size()].data());
-        put("==== end of the monkey's log\n");
+    void note(const std::string& line) { lines_.back() += line + "\n"; }
+    void print(const QString& why) const {
+        std::fprintf(stderr, "\n==== monkey: %s\n==== replay: FENDLE_MONKEY_SEED=%llu FENDLE_MONKEY_EVENTS=%lld tst_monkey\n",
+                     qPrintable(why), static_cast<unsigned long long>(seed_), static_cast<long long>(event_));
+        for (const std::string& l : lines_) std::fputs(l.c_str(), stderr);
     }
 
 private:
     std::uint64_t seed_;
     std::int64_t event_ = 0;
-    std::array<std::array<char, 600>, 50> events_{};
-    char header_[300] = {};
-    std::atomic<bool> printed_{false}, stop_{false};
-    std::atomic<std::int64_t> running_{-1}, startedMs_{0};   // the event running (-1 between events)
-    std::thread watchdog_;
+    std::deque<std::string> lines_{std::string()};
 };
-
-EventLog* activeLog = nullptr;
-
-void onSignal(int sig) {
-    if (activeLog) activeLog->print(sig == SIGABRT ? "the process aborted" : "the process crashed on a signal");
-    std::signal(sig, SIG_DFL);
-    std::raise(sig);
-}
-
-void onSanitizerDeath() {
-    if (activeLog) activeLog->print("a sanitizer stopped the process");
-}
 
 QtMessageHandler qtHandler = nullptr;
 
@@ -216,7 +144,6 @@ public:
             // screens unloaded meanwhile go.
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            log_.end();
             broke = checkAfterEvent();
         }
         if (broke.isEmpty()) broke = checkFiles();
@@ -529,21 +456,13 @@ private slots:
         std::fprintf(stderr, "monkey: seed %llu, %lld events (FENDLE_MONKEY_SEED=%llu to replay)\n",
                      static_cast<unsigned long long>(seed), static_cast<long long>(events), static_cast<unsigned long long>(seed));
 
-        EventLog log(seed, int(fromEnvironment("FENDLE_MONKEY_HANG_SECONDS", 10)));
-        activeLog = &log;
-        const bool sanitized = __sanitizer_set_death_callback != nullptr;
-        if (sanitized) __sanitizer_set_death_callback(onSanitizerDeath);   // the sanitizer reports the crash itself
-        for (int sig : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT})
-            if (!sanitized || sig == SIGABRT) std::signal(sig, onSignal);
+        EventLog log(seed);
         QString broke;
         {
             Monkey m(seed, log);
             broke = m.run(events);
-            if (!broke.isEmpty()) log.print(qPrintable(broke));
+            if (!broke.isEmpty()) log.print(broke);
         }
-        if (sanitized) __sanitizer_set_death_callback(nullptr);
-        for (int sig : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) std::signal(sig, SIG_DFL);
-        activeLog = nullptr;
         QVERIFY2(broke.isEmpty(), qPrintable(broke));
     }
 };
