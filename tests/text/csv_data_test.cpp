@@ -23,6 +23,20 @@ std::string dataFile(std::string_view gameName) {
     return bytes.value_or("");
 }
 
+// Number of fields in the whole file. Empty lines at the very end, which a
+// reader never reaches, are not counted.
+int countFields(std::string_view bytes) {
+    const std::size_t last = bytes.find_last_not_of("\r\n");
+    if (last == std::string_view::npos) return 0;
+    const std::string_view tail = bytes.substr(last + 1);
+    bytes = bytes.substr(0, last + 1 + (tail.starts_with("\r\n") ? 2 : std::min<std::size_t>(tail.size(), 1)));
+    ListInput in(bytes);
+    std::string field;
+    int n = 0;
+    while (in.readString(field)) ++n;
+    return n;
+}
+
 class TextData : public ::testing::Test {
 protected:
     void SetUp() override {
