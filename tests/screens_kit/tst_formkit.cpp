@@ -19,8 +19,11 @@ namespace {
 
 constexpr Rgb yellow = colour::yellow, black = colour::black;
 
-// A label-button and a label of one array, as the small screens have them.
+// Two label-buttons and a label, as the small screens have them: the first
+// button holds the focus when the window shows.
 constexpr Row sampleRows[] = {
+    {.name = "Label8", .kind = Kind::Button, .left = 3240, .top = 3720, .width = 2175, .height = 435,
+     .caption = "High Scores", .size = 15.75, .bold = true, .fore = yellow, .back = black, .border = true},
     {.name = "Label3", .index = 0, .kind = Kind::Button, .left = 4080, .top = 6120, .width = 1335, .height = 375,
      .caption = "Exit", .size = 12.75, .bold = true, .fore = yellow, .back = black, .align = Align::Centre,
      .border = true},
