@@ -6,8 +6,9 @@
 //
 // The seed comes from FENDLE_MONKEY_SEED, else from the time of day, and is
 // printed first; FENDLE_MONKEY_EVENTS sets the number of events (20000). A
-// broken invariant prints the command that replays the run and the last 50
-// events.
+// broken invariant names the event after which it broke, and the seed with
+// that number of events replays the run up to it; a crash or a hang (the
+// test's time limit) is replayed from the seed.
 #include "../screens/game_run.h"
 
 #include <QApplication>
@@ -15,7 +16,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <deque>
 #include <map>
 #include <random>
 #include <set>
@@ -35,30 +35,6 @@ std::uint64_t fromEnvironment(const char* name, std::uint64_t otherwise) {
     return v && *v ? std::strtoull(v, nullptr, 10) : otherwise;
 }
 
-// The lines of the last 50 events, printed with the seed and the command that
-// replays the run when an invariant breaks. A crash or a hang (the test's
-// time limit) is replayed from the seed printed first.
-class EventLog {
-public:
-    explicit EventLog(std::uint64_t seed) : seed_(seed) {}
-    void begin(std::int64_t n, const char* kind) {
-        event_ = n;
-        if (lines_.size() == 50) lines_.pop_front();
-        lines_.push_back("#" + std::to_string(n) + " " + kind + "\n");
-    }
-    void note(const std::string& line) { lines_.back() += line + "\n"; }
-    void print(const QString& why) const {
-        std::fprintf(stderr, "\n==== monkey: %s\n==== replay: FENDLE_MONKEY_SEED=%llu FENDLE_MONKEY_EVENTS=%lld tst_monkey\n",
-                     qPrintable(why), static_cast<unsigned long long>(seed_), static_cast<long long>(event_));
-        for (const std::string& l : lines_) std::fputs(l.c_str(), stderr);
-    }
-
-private:
-    std::uint64_t seed_;
-    std::int64_t event_ = 0;
-    std::deque<std::string> lines_{std::string()};
-};
-
 QtMessageHandler qtHandler = nullptr;
 
 // The offscreen platform stacks no windows, and says so at every raise.
@@ -67,12 +43,6 @@ void quietStacking(QtMsgType type, const QMessageLogContext& context, const QStr
 }
 
 bool isBackdrop(const Form* f) { return f->windowFlags() & Qt::WindowStaysOnBottomHint; }
-
-std::string describe(const QWidget* w) {
-    if (const auto* c = kit::Control::of(w))
-        return c->index() < 0 ? c->name() : c->name() + "(" + std::to_string(c->index()) + ")";
-    return w ? w->metaObject()->className() : "nothing";
-}
 
 // The part of a control inside its window.
 QRect inside(const Form* f, const QWidget* w) { return QRect(w->mapTo(f, QPoint(0, 0)), w->size()) & f->rect(); }
@@ -112,7 +82,7 @@ const ScreenWays waysOut[] = {
 
 class Monkey final : public QObject {
 public:
-    Monkey(std::uint64_t seed, EventLog& log) : log_(log), seed_(seed), rng_(seed) {
+    explicit Monkey(std::uint64_t seed) : seed_(seed), rng_(seed) {
         setMessageSink([this](const QString& t) { told_ << t; });
         qtHandler = qInstallMessageHandler(quietStacking);
         qApp->installEventFilter(this);
@@ -124,13 +94,13 @@ public:
         setMessageSink({});
     }
 
-    // Runs `events` events; empty when all went well, else what broke.
+    // Runs `events` events; empty when all went well, else what broke and
+    // after which event.
     QString run(std::int64_t events) {
         QString broke;
-        for (std::int64_t n = 1; n <= events && broke.isEmpty(); ++n) {
+        std::int64_t n = 1;
+        for (; n <= events && broke.isEmpty(); ++n) {
             const double r = chance();
-            const char* kind = r < 0.55 ? "click" : r < 0.70 ? "key" : r < 0.71 ? "close" : "advance";
-            log_.begin(n, kind);
             if (!programRunning()) {   // after its Exit the program starts again
                 if (broke = endSession(); !broke.isEmpty()) break;
                 startSession();
@@ -148,14 +118,14 @@ public:
         }
         if (broke.isEmpty()) broke = checkFiles();
         if (broke.isEmpty()) broke = endSession();
-        return broke;
+        return broke.isEmpty() ? broke : broke + QStringLiteral(" (FENDLE_MONKEY_EVENTS=%1 replays up to it)").arg(n - 1);
     }
 
 private:
     // ------------------------------------------------------------ sessions
 
     void startSession() {
-        log_.note("-- the program starts (session " + std::to_string(++sessions_) + ")");
+        ++sessions_;
         auto s = std::make_unique<SoundRecorder>();
         sound_ = s.get();
         soundsChecked_ = 0;
@@ -253,14 +223,9 @@ private:
             }
         const QPoint at = hit->mapFromGlobal(global);
         QWidget* under = hit->childAt(at);
-        log_.note("  click " + aim->name() + " " + describe(target) + " at " + std::to_string(local.x()) + "," +
-                  std::to_string(local.y()) + " -> " + hit->name() + " " + describe(under));
         // A click that lands on another control than the one aimed at is as
         // seldom on a button that leaves as an aimed one.
-        if (auto* c = kit::Control::of(under); c && under != target && chance() > favour(hit->name(), *c)) {
-            log_.note("  (not clicked)");
-            return;
-        }
+        if (auto* c = kit::Control::of(under); c && under != target && chance() > favour(hit->name(), *c)) return;
         if (!isBackdrop(hit)) hit->raise();
         hit->activateWindow();
         QTest::mouseClick(hit->windowHandle(), Qt::LeftButton, {}, at);
@@ -281,15 +246,10 @@ private:
         const int pick = below(int(std::size(named)) + 12);
         const char typed = pick < int(std::size(named)) ? '\0' : chars[below(int(sizeof chars) - 1)];
         const Qt::Key key = typed ? Qt::Key_unknown : named[pick];
-        const std::string name = typed ? std::string(1, typed) : QKeySequence(key).toString().toStdString();
         // A key that presses the focused button is as seldom on one that
         // leaves as a click.
         const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-        if (auto* c = kit::Control::of(focus); presses && c && chance() > favour(w->name(), *c)) {
-            log_.note("  (no " + name + ")");
-            return;
-        }
-        log_.note("  key " + name + " to " + w->name() + " " + describe(focus));
+        if (auto* c = kit::Control::of(focus); presses && c && chance() > favour(w->name(), *c)) return;
         if (typed) QTest::keyClick(w->windowHandle(), typed);
         else QTest::keyClick(w->windowHandle(), key);
     }
@@ -298,15 +258,11 @@ private:
         Form* w = front();
         if (!w) return;
         auto* board = qobject_cast<Fen1Form*>(w);
-        if (board && chance() > 0.1) {   // seldom on the board, where it ends the game
-            log_.note("  (no close)");
-            return;
-        }
+        if (board && chance() > 0.1) return;   // seldom on the board, where it ends the game
         // The board ignores its close while its Exit is disabled: the
         // high-score screen over it is the way on.
         closing_ = w;
         mayStay_ = board && !board->control("Label3", 0)->enabled();
-        log_.note("  close " + w->name());
         GameRun::closeByTitleBar(w);
     }
 
@@ -315,7 +271,6 @@ private:
         // minutes, so that dice stop, turns pass, clocks run out and games end.
         const double r = chance();
         const int ms = r < 0.55 ? 1 + below(300) : r < 0.85 ? 300 + below(2700) : r < 0.97 ? 3000 + below(27000) : 30000 + below(600000);
-        log_.note("  advance " + std::to_string(ms) + " ms");
         clock_.advance(ms);
     }
 
@@ -427,7 +382,6 @@ private:
     int below(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
     double chance() { return std::uniform_real_distribution<double>(0, 1)(rng_); }
 
-    EventLog& log_;
     std::uint64_t seed_, sessions_ = 0;
     std::mt19937_64 rng_;
     testing::GameFolder folder_;
@@ -456,13 +410,7 @@ private slots:
         std::fprintf(stderr, "monkey: seed %llu, %lld events (FENDLE_MONKEY_SEED=%llu to replay)\n",
                      static_cast<unsigned long long>(seed), static_cast<long long>(events), static_cast<unsigned long long>(seed));
 
-        EventLog log(seed);
-        QString broke;
-        {
-            Monkey m(seed, log);
-            broke = m.run(events);
-            if (!broke.isEmpty()) log.print(broke);
-        }
+        const QString broke = Monkey(seed).run(events);
         QVERIFY2(broke.isEmpty(), qPrintable(broke));
     }
 };
