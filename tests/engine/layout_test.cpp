@@ -16,23 +16,16 @@ using namespace geometry;
 using testing::cellOf;
 using testing::touchingFromTheTop;
 
-TEST(Layout, EveryHexagonHasItsNumberPlaceAndNeighbours) {
+TEST(Layout, EveryHexagonHasItsNumberAndNeighbours) {
     const double halfWidth = 407.89796518;   // the square root of 3 times 471, halved
     for (int n = 1; n <= 100; ++n) {
         SCOPED_TRACE(n);
-        const int t = cellOf(n).t, c = cellOf(n).c;
-        EXPECT_EQ(hexNumber(t, c), n);
+        EXPECT_EQ(hexNumber(cellOf(n).t, cellOf(n).c), n);
         EXPECT_EQ(neighbours(n), touchingFromTheTop(n)) << "the walk relies on rows from the highest down";
-        if (n == 100) continue;
-        const LabelPlace label = numberLabelPlace(n), counter = counterPlace(n);
-        EXPECT_NEAR(label.left, 240 + (t + 2 * c) * halfWidth, 0.01);
-        EXPECT_NEAR(label.top, 7473 - t * 706.5, 0.01);
-        EXPECT_NEAR(counter.left, label.left - 45, 0.01);
-        EXPECT_NEAR(counter.top, label.top - 90, 0.01);
-        // The hexagon's centre lies half the label's width in and 0.4 of its height down.
-        EXPECT_NEAR(hexCentre(n).x, label.left + 240, 0.01);
-        EXPECT_NEAR(hexCentre(n).y, label.top + 192, 0.01);
     }
+    // The places of the numbers and counters, and the board picture drawn
+    // round their centres, are in the approved shots of the board (tst_golden);
+    // the label of 100 follows the width its font gives "100", whatever it is.
     for (const float width : {480.0f, 525.0f, 600.0f}) {
         const LabelPlace l100 = numberLabelPlace(100, width);
         EXPECT_FLOAT_EQ(l100.top, numberLabelPlace(46).top);

@@ -5,34 +5,25 @@
 // game, the high scores and the language carry over.
 //
 // The seed comes from FENDLE_MONKEY_SEED, else from the time of day, and is
-// printed first; FENDLE_MONKEY_EVENTS sets the number of events (20000),
-// and FENDLE_MONKEY_HANG_SECONDS how long one event may take (10). A broken
-// invariant, a hang, a crash or a sanitizer's report prints the seed, the
-// command that replays the run, and the last 50 events.
+// printed first; FENDLE_MONKEY_EVENTS sets the number of events (20000). A
+// broken invariant names the event after which it broke, and the seed with
+// that number of events replays the run up to it; a crash or a hang (the
+// test's time limit) is replayed from the seed.
 #include "../screens/game_run.h"
 
 #include <QApplication>
 #include <QPointer>
 
-#include <atomic>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <map>
 #include <random>
 #include <set>
-#include <thread>
-#include <unistd.h>
 
 #include "saved/highscores.h"
 #include "saved/lastgame.h"
 #include "screens/highscores_form.h"
 #include "text/file_io.h"
-
-// Present when the process runs under a sanitizer: called on the way out of
-// its report.
-extern "C" void __sanitizer_set_death_callback(void (*callback)(void)) __attribute__((weak));
 
 using namespace fendle;
 using testing::GameRun;
@@ -44,93 +35,6 @@ std::uint64_t fromEnvironment(const char* name, std::uint64_t otherwise) {
     return v && *v ? std::strtoull(v, nullptr, 10) : otherwise;
 }
 
-std::int64_t nowMs() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-void put(const char* s) {
-    for (std::size_t left = std::strlen(s); left > 0;) {
-        const ssize_t n = ::write(STDERR_FILENO, s, left);
-        if (n <= 0) return;
-        s += n;
-        left -= std::size_t(n);
-    }
-}
-
-// The lines of the last 50 events, one buffer for each, and the seed and the
-// command that replays the run up to the event running, written out before
-// they are needed: a signal handler or the watchdog prints them with write()
-// alone. The watchdog aborts, after printing, when one event runs longer
-// than its limit.
-class EventLog {
-public:
-    EventLog(std::uint64_t seed, int hangSeconds)
-        : seed_(seed), watchdog_([this, hangSeconds] {
-              while (!stop_) {
-                  std::this_thread::sleep_for(std::chrono::milliseconds(250));
-                  const std::int64_t n = running_;
-                  if (n >= 0 && nowMs() - startedMs_ > hangSeconds * 1000LL && running_ == n) {
-                      print("an event did not return (a hang)");
-                      std::abort();
-                  }
-              }
-          }) {}
-    ~EventLog() {
-        stop_ = true;
-        watchdog_.join();
-    }
-
-    void begin(std::int64_t n, const char* kind) {
-        std::snprintf(header_, sizeof header_,
-                      "==== seed %llu, event %lld\n==== replay: FENDLE_MONKEY_SEED=%llu FENDLE_MONKEY_EVENTS=%lld "
-                      "tst_monkey\n==== the last events, oldest first:\n",
-                      static_cast<unsigned long long>(seed_), static_cast<long long>(n),
-                      static_cast<unsigned long long>(seed_), static_cast<long long>(n));
-        event_ = n;
-        events_[std::size_t(n) % events_.size()][0] = '\0';
-        std::string line = "#";
-        line.append(std::to_string(n)).append(" ").append(kind);
-        note(line);
-        startedMs_ = nowMs();
-        running_ = n;
-    }
-    void end() { running_ = -1; }
-    void note(const std::string& line) {
-        char* text = events_[std::size_t(event_) % events_.size()].data();
-        const std::size_t used = std::strlen(text);
-        std::snprintf(text + used, events_[0].size() - used, "%s\n", line.c_str());
-    }
-    // Once: a crash after a broken invariant adds nothing.
-    void print(const char* why) {
-        if (printed_.exchange(true)) return;
-        for (const char* s : {"\n==== monkey: ", why, "\n", static_cast<const char*>(header_)}) put(s);
-        for (std::size_t i = 1; i <= events_.size(); ++i) put(events_[std::size_t(event_ + i) % events_.size()].data());
-        put("==== end of the monkey's log\n");
-    }
-
-private:
-    std::uint64_t seed_;
-    std::int64_t event_ = 0;
-    std::array<std::array<char, 600>, 50> events_{};
-    char header_[300] = {};
-    std::atomic<bool> printed_{false}, stop_{false};
-    std::atomic<std::int64_t> running_{-1}, startedMs_{0};   // the event running (-1 between events)
-    std::thread watchdog_;
-};
-
-EventLog* activeLog = nullptr;
-
-void onSignal(int sig) {
-    if (activeLog) activeLog->print(sig == SIGABRT ? "the process aborted" : "the process crashed on a signal");
-    std::signal(sig, SIG_DFL);
-    std::raise(sig);
-}
-
-void onSanitizerDeath() {
-    if (activeLog) activeLog->print("a sanitizer stopped the process");
-}
-
 QtMessageHandler qtHandler = nullptr;
 
 // The offscreen platform stacks no windows, and says so at every raise.
@@ -139,12 +43,6 @@ void quietStacking(QtMsgType type, const QMessageLogContext& context, const QStr
 }
 
 bool isBackdrop(const Form* f) { return f->windowFlags() & Qt::WindowStaysOnBottomHint; }
-
-std::string describe(const QWidget* w) {
-    if (const auto* c = kit::Control::of(w))
-        return c->index() < 0 ? c->name() : c->name() + "(" + std::to_string(c->index()) + ")";
-    return w ? w->metaObject()->className() : "nothing";
-}
 
 // The part of a control inside its window.
 QRect inside(const Form* f, const QWidget* w) { return QRect(w->mapTo(f, QPoint(0, 0)), w->size()) & f->rect(); }
@@ -184,7 +82,7 @@ const ScreenWays waysOut[] = {
 
 class Monkey final : public QObject {
 public:
-    Monkey(std::uint64_t seed, EventLog& log) : log_(log), seed_(seed), rng_(seed) {
+    explicit Monkey(std::uint64_t seed) : seed_(seed), rng_(seed) {
         setMessageSink([this](const QString& t) { told_ << t; });
         qtHandler = qInstallMessageHandler(quietStacking);
         qApp->installEventFilter(this);
@@ -196,13 +94,13 @@ public:
         setMessageSink({});
     }
 
-    // Runs `events` events; empty when all went well, else what broke.
+    // Runs `events` events; empty when all went well, else what broke and
+    // after which event.
     QString run(std::int64_t events) {
         QString broke;
-        for (std::int64_t n = 1; n <= events && broke.isEmpty(); ++n) {
+        std::int64_t n = 1;
+        for (; n <= events && broke.isEmpty(); ++n) {
             const double r = chance();
-            const char* kind = r < 0.55 ? "click" : r < 0.70 ? "key" : r < 0.71 ? "close" : "advance";
-            log_.begin(n, kind);
             if (!programRunning()) {   // after its Exit the program starts again
                 if (broke = endSession(); !broke.isEmpty()) break;
                 startSession();
@@ -216,19 +114,18 @@ public:
             // screens unloaded meanwhile go.
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            log_.end();
             broke = checkAfterEvent();
         }
         if (broke.isEmpty()) broke = checkFiles();
         if (broke.isEmpty()) broke = endSession();
-        return broke;
+        return broke.isEmpty() ? broke : broke + QStringLiteral(" (FENDLE_MONKEY_EVENTS=%1 replays up to it)").arg(n - 1);
     }
 
 private:
     // ------------------------------------------------------------ sessions
 
     void startSession() {
-        log_.note("-- the program starts (session " + std::to_string(++sessions_) + ")");
+        ++sessions_;
         auto s = std::make_unique<SoundRecorder>();
         sound_ = s.get();
         soundsChecked_ = 0;
@@ -326,14 +223,9 @@ private:
             }
         const QPoint at = hit->mapFromGlobal(global);
         QWidget* under = hit->childAt(at);
-        log_.note("  click " + aim->name() + " " + describe(target) + " at " + std::to_string(local.x()) + "," +
-                  std::to_string(local.y()) + " -> " + hit->name() + " " + describe(under));
         // A click that lands on another control than the one aimed at is as
         // seldom on a button that leaves as an aimed one.
-        if (auto* c = kit::Control::of(under); c && under != target && chance() > favour(hit->name(), *c)) {
-            log_.note("  (not clicked)");
-            return;
-        }
+        if (auto* c = kit::Control::of(under); c && under != target && chance() > favour(hit->name(), *c)) return;
         if (!isBackdrop(hit)) hit->raise();
         hit->activateWindow();
         QTest::mouseClick(hit->windowHandle(), Qt::LeftButton, {}, at);
@@ -354,15 +246,10 @@ private:
         const int pick = below(int(std::size(named)) + 12);
         const char typed = pick < int(std::size(named)) ? '\0' : chars[below(int(sizeof chars) - 1)];
         const Qt::Key key = typed ? Qt::Key_unknown : named[pick];
-        const std::string name = typed ? std::string(1, typed) : QKeySequence(key).toString().toStdString();
         // A key that presses the focused button is as seldom on one that
         // leaves as a click.
         const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-        if (auto* c = kit::Control::of(focus); presses && c && chance() > favour(w->name(), *c)) {
-            log_.note("  (no " + name + ")");
-            return;
-        }
-        log_.note("  key " + name + " to " + w->name() + " " + describe(focus));
+        if (auto* c = kit::Control::of(focus); presses && c && chance() > favour(w->name(), *c)) return;
         if (typed) QTest::keyClick(w->windowHandle(), typed);
         else QTest::keyClick(w->windowHandle(), key);
     }
@@ -371,15 +258,11 @@ private:
         Form* w = front();
         if (!w) return;
         auto* board = qobject_cast<Fen1Form*>(w);
-        if (board && chance() > 0.1) {   // seldom on the board, where it ends the game
-            log_.note("  (no close)");
-            return;
-        }
+        if (board && chance() > 0.1) return;   // seldom on the board, where it ends the game
         // The board ignores its close while its Exit is disabled: the
         // high-score screen over it is the way on.
         closing_ = w;
         mayStay_ = board && !board->control("Label3", 0)->enabled();
-        log_.note("  close " + w->name());
         GameRun::closeByTitleBar(w);
     }
 
@@ -388,7 +271,6 @@ private:
         // minutes, so that dice stop, turns pass, clocks run out and games end.
         const double r = chance();
         const int ms = r < 0.55 ? 1 + below(300) : r < 0.85 ? 300 + below(2700) : r < 0.97 ? 3000 + below(27000) : 30000 + below(600000);
-        log_.note("  advance " + std::to_string(ms) + " ms");
         clock_.advance(ms);
     }
 
@@ -500,7 +382,6 @@ private:
     int below(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
     double chance() { return std::uniform_real_distribution<double>(0, 1)(rng_); }
 
-    EventLog& log_;
     std::uint64_t seed_, sessions_ = 0;
     std::mt19937_64 rng_;
     testing::GameFolder folder_;
@@ -529,21 +410,7 @@ private slots:
         std::fprintf(stderr, "monkey: seed %llu, %lld events (FENDLE_MONKEY_SEED=%llu to replay)\n",
                      static_cast<unsigned long long>(seed), static_cast<long long>(events), static_cast<unsigned long long>(seed));
 
-        EventLog log(seed, int(fromEnvironment("FENDLE_MONKEY_HANG_SECONDS", 10)));
-        activeLog = &log;
-        const bool sanitized = __sanitizer_set_death_callback != nullptr;
-        if (sanitized) __sanitizer_set_death_callback(onSanitizerDeath);   // the sanitizer reports the crash itself
-        for (int sig : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT})
-            if (!sanitized || sig == SIGABRT) std::signal(sig, onSignal);
-        QString broke;
-        {
-            Monkey m(seed, log);
-            broke = m.run(events);
-            if (!broke.isEmpty()) log.print(qPrintable(broke));
-        }
-        if (sanitized) __sanitizer_set_death_callback(nullptr);
-        for (int sig : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) std::signal(sig, SIG_DFL);
-        activeLog = nullptr;
+        const QString broke = Monkey(seed).run(events);
         QVERIFY2(broke.isEmpty(), qPrintable(broke));
     }
 };
