@@ -1,8 +1,10 @@
 // How the screens meet the people who use them: every text of every screen
 // readable whole and heard by a screen reader, each window named in the
-// player's language, in all seven languages; and a keyboard focus that never
-// sits unseen on a button.
+// player's language, in all seven languages; coloured text on the blue board
+// readable on a projector; and a keyboard focus that never sits unseen on a
+// button.
 #include "accessible_walk.h"
+#include "contrast.h"
 #include "fit_check.h"
 #include "game_run.h"
 
@@ -33,6 +35,17 @@ void checkHeard(QWidget* window, const QString& name, QStringList& faults) {
 
 QImage render(QWidget* w) { return w->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
+QRect placeOf(Form* f, const kit::Control* c) {
+    return c->widget()->geometry().translated(c->widget()->parentWidget()->mapTo(f, QPoint()));
+}
+
+// Of a text, or of the part of it that lies over the control `over`.
+double contrastOf(Form* f, const char* name, int index = -1, const char* over = nullptr) {
+    const kit::Control* c = f->control(name, index);
+    const QRect area = placeOf(f, c) & (over ? placeOf(f, f->control(over)) : f->rect());
+    return testing::edgeContrast(render(f), area, kit::toQColor(c->foreColor()));
+}
+
 }  // namespace
 
 class TestLook : public QObject {
@@ -47,7 +60,7 @@ private slots:
             {"Titlefrm", "windowTitlefrm"}, {"Startplay2", "windowStartplay2"}, {"Startautoplay2", "windowStartautoplay2"},
             {"fen1", "windowFen1"}, {"highscores", "windowHighscores"}, {"languages", "windowLanguages"},
             {"TeacherGuide", "windowTeacherGuide"}, {"Grey", "windowGrey"}};
-        QStringList faults;
+        QStringList faults, shrunk;
         for (int lang = 0; lang < 7; ++lang) {
             GameRun g;
             // The windows' names in the language, from messages.csv: a key and
@@ -69,11 +82,14 @@ private slots:
                 if (name == "Startplay2") GameRun::tick(f, "Check2");
                 const testing::FitReport r = testing::checkFit(*f, rewardOnBoard);
                 faults << r.faults;
+                shrunk << r.shrunk;
                 // The flow of a rule page gives each of its texts the room it
                 // needs: none is left for the label to shrink.
                 if (page)
                     for (const QString& s : r.shrunk)
                         if (s.contains(" Label1(")) faults << s + " had no room";
+                if (auto* rules = dynamic_cast<RulePage*>(f); rules && rules->textShrink() > 0)
+                    shrunk << QStringLiteral("%1 plain text -%2 px").arg(QString::fromStdString(name)).arg(rules->textShrink());
                 QString heardAs = name == "Cheatchart" ? f->windowTitle() : names.at(page ? "windowRules" : keys.at(name));
                 checkHeard(f, heardAs.replace("%1", QString::number(page)), faults);
                 // Its title bar names the screen; the desktop adds "— Fendle!".
@@ -82,6 +98,8 @@ private slots:
                 if (name != "Titlefrm") g.module->screens.unload(name);
             }
         }
+        shrunk.removeDuplicates();
+        for (const QString& s : shrunk) qInfo().noquote() << "shrunk:" << s;
         for (const QString& s : faults) qWarning().noquote() << s;
         QVERIFY2(faults.isEmpty(), qPrintable(QString::number(faults.size()) + " faults"));
     }
@@ -112,6 +130,52 @@ private slots:
             g.state().languagenumber = 1;
             QCOMPARE(testing::hear(board).front().name, QString("Fendle! \u2013 Plateau de jeu"));
         }
+    }
+
+    // The coloured texts straight on the blue board, the digits of the dice
+    // and the clock, the rewards over the board picture of the rules, and
+    // the trademarks stand out from what borders them by 4.5 : 1 at least,
+    // whatever colour the turn gives the message line and the dice.
+    void colouredTextStandsOutOnTheBoard() {
+        GameRun g;
+        g.open();
+        QStringList faults;
+        auto measure = [&](Form* f, const char* name, int index = -1, const char* over = nullptr) {
+            const double c = contrastOf(f, name, index, over);
+            if (over && c == 0) return;   // none of it lies there
+            if (c < 4.5) faults << QString("%1 %2(%3): %4").arg(QString::fromStdString(f->name()), name).arg(index).arg(c);
+        };
+        Fen1Form* f = g.showBoard(4, 600);
+        f->model().Label5[6].visible = true;   // the computer's note
+        f->sync();
+        g.throwDice({1, 2, 3, 4});   // starts the clocks: their heading and blue's clock show
+        QVERIFY(f->control("Label13")->widget()->isVisible());
+        const std::pair<const char*, int> texts[] = {{"Label2", -1}, {"Label9", -1}, {"Label13", -1}, {"Label5", 1},
+                                                     {"Label5", 2},  {"Label5", 3},  {"Label5", 4},   {"Label5", 6},
+                                                     {"Label12", 0}, {"Label4", 0},  {"Label4", 3}};
+        for (const auto& [name, index] : texts) measure(f, name, index);
+        g.clickHexagon(24);
+        g.clock.advance(2000);
+        QCOMPARE(f->control("Label2")->foreColor(), colour::red);
+        g.throwDice({1, 2, 3, 4});   // red's dice: white on red
+        for (const auto& [name, index] : {std::pair{"Label2", -1}, {"Label4", 0}, {"Label4", 3}}) measure(f, name, index);
+
+        for (const char* screen : {"Startplay2", "TeacherGuide", "languages", "highscores"}) {
+            g.module->screens.show(screen);
+            measure(g.screen(screen), "Label7");
+        }
+        const std::string page2 = binding::ruleFormName(2, 0);
+        g.module->screens.show(page2);
+        GameRun::press(g.screen(page2.c_str()), "Label2");
+        g.clock.advance(3000);
+        for (int d = 0; d < 4; ++d) measure(g.screen(page2.c_str()), "Label4", d);
+        // Page 3's rewards, 10 to 500, where they lie over the board picture.
+        for (int set = 0; set < 7; ++set) {
+            const std::string page3 = binding::ruleFormName(3, set);
+            g.module->screens.show(page3);
+            for (int reward : {23, 24, 25, 26, 27, 28, 30}) measure(g.screen(page3.c_str()), "Label1", reward, "Image1");
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 
     // Throw Dice clicked: no button takes the focus, none wears a frame, and
